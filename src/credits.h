@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <SDL.h>
+
+#include "programmode.h"
+
+// Who made the game. Left in the same ways as the help screen.
+class Credits : public ProgramMode {
+public:
+    ~Credits() override;
+
+    void event(SDL_Event* e) override;
+    // Draws and shows the whole screen.
+    void activate() override;
+};

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "gamehandler.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "barrier.h"
+#include "bullet.h"
+#include "main.h"
+#include "mainmenu.h"
+#include "music.h"
+#include "playership.h"
+
+namespace {
+
+const int worldSize = 1300;
+const int barriersOfType[] = {1, 3, 9};
+
+// Lays the water tile over the sea, column by column. The number of rows comes from the tile's
+// width, like that of the columns; that is meant: a tile flatter than wide leaves plain blue below.
+void layWater(SDL_Surface* sea) {
+    SDL_Surface* tile = imagePool["voda.png"];
+    const int n = sea->w / tile->w + 1;
+    for (int i = 0; i < n; ++i) {
+        for (int j = 0; j < n; ++j) {
+            const int x = i * tile->w;
+            const int y = j * tile->h;
+            const int w = std::min(tile->w, sea->w - x);
+            const int h = std::min(tile->h, sea->h - y);
+            if (w <= 0 || h <= 0) {
+                continue;
+            }
+            SDL_Rect source = {0, 0, static_cast<Uint16>(w), static_cast<Uint16>(h)};
+            SDL_Rect place = {static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
+            SDL_BlitSurface(tile, &source, sea, &place);
+        }
+    }
+}
+
+} // namespace
+
+GameHandler::GameHandler() {
+    Music::play(static_cast<int>(2 + random() % 2));
+    world = createSurface(worldSize, worldSize);
+    background = createSurface(world->w, world->h);
+    SDL_FillRect(background, nullptr, SDL_MapRGB(background->format, 0, 0, 255));
+    layWater(background);
+    viewportSize = {0, 0, 390, 490};
+    viewport1 = viewportSize;
+    viewport2 = viewportSize;
+    viewport1Pos = {5, 5, 0, 0};
+    viewport2Pos = {405, 5, 0, 0};
+    shipType1 = 0;
+    shipType2 = 1;
+    for (int type = 0; type <= 2; ++type) {
+        for (int i = 0; i < barriersOfType[type]; ++i) {
+            objects.push_back(new Barrier(this, type));
+        }
+    }
+    bullet1 = new Bullet(this, 1);
+    objects.push_back(bullet1);
+    bullet2 = new Bullet(this, 2);
+    objects.push_back(bullet2);
+    ship1 = new PlayerShip(this, 1);
+    objects.push_back(ship1);
+    ship2 = new PlayerShip(this, 2);
+    objects.push_back(ship2);
+    bullet1->shipsWereInitialized();
+    bullet2->shipsWereInitialized();
+    // One retry only, and the new place is not checked again; that is meant. The ships can still
+    // start in one row or column, rarely enough to stay a surprise.
+    if (ship1->rect.x == ship2->rect.x || ship1->rect.y == ship2->rect.y) {
+        ship2->relocate();
+    }
+}
+
+GameHandler::~GameHandler() {
+    for (GameObject* object : objects) {
+        delete object;
+    }
+    SDL_FreeSurface(world);
+    SDL_FreeSurface(background);
+}
+
+void GameHandler::event(SDL_Event* e) {
+    if (e->type == SDL_KEYDOWN && e->key.keysym.sym == SDLK_ESCAPE) {
+        newProgramMode = new MainMenu;
+    }
+}
+
+void GameHandler::activate() {
+    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    moveViewport(1);
+    moveViewport(2);
+}
+
+void GameHandler::update() {
+    SDL_BlitSurface(background, &background->clip_rect, world, &background->clip_rect);
+    for (GameObject* object : objects) {
+        object->update(world);
+    }
+    // Blits write clipped sizes back into rectangles, so these are set anew every frame.
+    viewport2Pos.x = 405;
+    viewport2Pos.y = 5;
+    viewport1.w = viewportSize.w;
+    viewport1.h = viewportSize.h;
+    viewport2.w = viewportSize.w;
+    viewport2.h = viewportSize.h;
+    SDL_BlitSurface(world, &viewport1, screen, &viewport1Pos);
+    SDL_BlitSurface(world, &viewport2, screen, &viewport2Pos);
+    SDL_Flip(screen);
+}
+
+void GameHandler::cleanUp() {}
+
+void GameHandler::moveViewport(int viewportId) {
+    const SDL_Rect ship = viewportId == 1 ? ship1->rect : ship2->rect;
+    int x = ship.x + ship.w / 2 - viewportSize.w / 2;
+    int y = ship.y + ship.h / 2 - viewportSize.h / 2;
+    x = std::max(x, 0);
+    y = std::max(y, 0);
+    if (x + viewportSize.w >= world->w) {
+        x = world->w - viewportSize.w - 1;
+    }
+    if (y + viewportSize.h >= world->h) {
+        y = world->h - viewportSize.h - 1;
+    }
+    SDL_Rect& viewport = viewportId == 1 ? viewport1 : viewport2;
+    viewport.x = static_cast<Sint16>(x);
+    viewport.y = static_cast<Sint16>(y);
+}
+
+bool GameHandler::collidesWithBarriers(SDL_Rect rect1) {
+    return std::any_of(barriers.begin(), barriers.end(), [rect1](const Barrier* barrier) {
+        return rectanglesCollide(rect1, barrier->rect);
+    });
+}
+
+int GameHandler::mapWorldRGB(Uint8 r, Uint8 g, Uint8 b) {
+    world->format->palette = nullptr;
+    return static_cast<int>(SDL_MapRGB(world->format, r, g, b));
+}
+
+bool rectanglesCollide(SDL_Rect rect1, SDL_Rect rect2) {
+    return rect1.y + rect1.h > rect2.y && rect1.y < rect2.y + rect2.h &&
+           rect1.x + rect1.w > rect2.x && rect1.x < rect2.x + rect2.w;
+}

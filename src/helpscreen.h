@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <SDL.h>
+
+#include "programmode.h"
+
+// The controls of both players.
+class HelpScreen : public ProgramMode {
+public:
+    ~HelpScreen() override;
+
+    void event(SDL_Event* e) override;
+    // Draws and shows the whole screen.
+    void activate() override;
+};
+
+// True for the events that leave a text screen: Escape, Return or Space going down, or the release
+// of any mouse button.
+bool leavesTextScreen(const SDL_Event& e);
