@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "display.h"
+
+#include "main.h"
+#include "programmode.h"
+
+bool operator==(const Colour& left, const Colour& right) {
+    return left.r == right.r && left.g == right.g && left.b == right.b;
+}
+
+std::ostream& operator<<(std::ostream& out, const Colour& colour) {
+    return out << "(" << colour.r << ", " << colour.g << ", " << colour.b << ")";
+}
+
+Colour pixel(SDL_Surface* surface, int x, int y) {
+    SDL_LockSurface(surface);
+    const auto* row = static_cast<const Uint8*>(surface->pixels) + y * surface->pitch;
+    const Uint32 value = reinterpret_cast<const Uint32*>(row)[x];
+    SDL_UnlockSurface(surface);
+    Uint8 r = 0;
+    Uint8 g = 0;
+    Uint8 b = 0;
+    Uint8 a = 0;
+    SDL_GetRGBA(value, surface->format, &r, &g, &b, &a);
+    return {r, g, b, a};
+}
+
+void fill(SDL_Surface* surface, SDL_Rect rect, Colour colour) {
+    SDL_FillRect(surface, &rect,
+                 SDL_MapRGBA(surface->format, static_cast<Uint8>(colour.r),
+                             static_cast<Uint8>(colour.g), static_cast<Uint8>(colour.b),
+                             static_cast<Uint8>(colour.a)));
+}
+
+SDL_Surface* addPicture(const std::string& filename, int w, int h, Colour colour) {
+    SDL_Surface* plain = createSurface(w, h);
+    SDL_Surface* picture = SDL_DisplayFormatAlpha(plain);
+    SDL_FreeSurface(plain);
+    fill(picture, {0, 0, static_cast<Uint16>(w), static_cast<Uint16>(h)}, colour);
+    imagePool[filename] = picture;
+    return picture;
+}
+
+namespace {
+
+SDL_Event keyEvent(Uint8 type, SDLKey key) {
+    SDL_Event event = {};
+    event.type = type;
+    event.key.keysym.sym = key;
+    return event;
+}
+
+SDL_Event buttonEvent(Uint8 type, int button) {
+    SDL_Event event = {};
+    event.type = type;
+    event.button.button = static_cast<Uint8>(button);
+    return event;
+}
+
+} // namespace
+
+SDL_Event keyDown(SDLKey key) {
+    return keyEvent(SDL_KEYDOWN, key);
+}
+
+SDL_Event keyUp(SDLKey key) {
+    return keyEvent(SDL_KEYUP, key);
+}
+
+SDL_Event mouseDown(int button) {
+    return buttonEvent(SDL_MOUSEBUTTONDOWN, button);
+}
+
+SDL_Event mouseUp(int button) {
+    return buttonEvent(SDL_MOUSEBUTTONUP, button);
+}
+
+SDL_Event mouseMotion(int x, int y) {
+    SDL_Event event = {};
+    event.type = SDL_MOUSEMOTION;
+    event.motion.x = static_cast<Uint16>(x);
+    event.motion.y = static_cast<Uint16>(y);
+    return event;
+}
+
+void DisplayTest::SetUp() {
+    ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0) << SDL_GetError();
+    screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
+    ASSERT_NE(screen, nullptr) << SDL_GetError();
+}
+
+void DisplayTest::TearDown() {
+    delete newProgramMode;
+    newProgramMode = nullptr;
+    for (const auto& image : imagePool) {
+        SDL_FreeSurface(image.second);
+    }
+    imagePool.clear();
+    SDL_Quit();
+}
