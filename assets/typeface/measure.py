@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Measures a finished typeface file: stems, side bearings, the white in words, faults.
+"""Measures a finished typeface file: stems, side bearings, the grey and white of words, faults.
 
 Lengths are pixels at the game's size.
 """
@@ -72,11 +72,36 @@ def word_whites(font, kerns, texts, height):
     return whites
 
 
-def white_lines(whites):
-    yield described("white between letters of the game's words", list(whites.values()))
-    ordered = sorted(whites, key=whites.get)
-    for label, some in (('tightest', ordered[:6]), ('loosest', ordered[-6:])):
-        yield f'  {label}: ' + ', '.join(f'{p} {whites[p]:.1f}' for p in some)
+def ink(glyph, height):
+    """Mean length of ink on a line, from the baseline to the height."""
+    lines = [y + spacing.OFF_GRID for y in range(0, int(height), spacing.SCAN)]
+    edges = (crossings(glyph, y) for y in lines)
+    return sum(q - p for e in edges for p, q in zip(e[::2], e[1::2])) / len(lines)
+
+
+def letter_greys(font, letters, height):
+    """Share of ink in each letter's advance, in per cent."""
+    return {c: 100 * ink(font[ord(c)], height) / font[ord(c)].width for c in letters}
+
+
+def word_greys(font, kerns, texts, height):
+    """Share of ink in words over the height of small letters, in per cent."""
+    greys = {}
+    for word in {w for text in texts for w in re.findall('[A-Za-z]{3,}', text)}:
+        glyphs = [font[ord(c)] for c in word]
+        kerned = sum(kerns.get((a.originalgid, b.originalgid), 0)
+                     for a, b in zip(glyphs, glyphs[1:]))
+        width = sum(g.width for g in glyphs) + kerned
+        greys[word] = 100 * sum(ink(g, height) for g in glyphs) / width
+    return greys
+
+
+def ranked(label, lowest, highest, values):
+    """A line of statistics and the names at both ends."""
+    yield described(label, list(values.values()))
+    order = sorted(values, key=lambda name: (values[name], name))
+    for end, some in ((lowest, order[:6]), (highest, order[-6:])):
+        yield f'  {end}: ' + ', '.join(f'{name} {values[name]:.1f}' for name in some)
 
 
 def statistics(path, texts):
@@ -87,8 +112,16 @@ def statistics(path, texts):
         yield described('stems of ' + ' '.join(names), stems(font, names, height))
     yield from bearing_lines(font, "small letters'", small)
     yield from bearing_lines(font, "capitals'", small.upper())
-    yield from white_lines(word_whites(font, kern_table(path), texts, x_height))
-    yield f'kern table: {len(kern_table(path))} pairs'
+    kerns = kern_table(path)
+    for label, letters, height in (("small letters'", small, x_height),
+                                   ("capitals'", small.upper(), cap_height),
+                                   ("figures'", '0123456789', cap_height)):
+        yield from ranked(f'{label} grey, %', 'light', 'dark', letter_greys(font, letters, height))
+    yield from ranked("grey of the game's words, %", 'light', 'dark',
+                      word_greys(font, kerns, texts, x_height))
+    yield from ranked("white between letters of the game's words", 'tight', 'loose',
+                      word_whites(font, kerns, texts, x_height))
+    yield f'kern table: {len(kerns)} pairs'
 
 
 def faults(path):

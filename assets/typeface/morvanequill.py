@@ -25,14 +25,14 @@ EM = 29 * spacing.PIXEL
 SCALE = 2.47
 ASCENT, DESCENT = 37 * spacing.PIXEL, 10 * spacing.PIXEL
 X_HEIGHT, CAP_HEIGHT = 480 * SCALE, 720 * SCALE
-CAPITAL_RISE = 211
-LOW_ACCENTS = ('_cedilla',)
 MOST_ATTEMPTS = 20
 # FontForge's bits for 'validated' and for half-unit points, which TrueType implies.
 HARMLESS = 0x1 | 0x80000
-SPACE_WIDTH = 8 * spacing.PIXEL
+SPACE_WIDTH = 9 * spacing.PIXEL
 # How much of a fault in the white is mended; beside a low sign the white above it is meant.
 LETTER_KERNING, SIGN_KERNING = 0.74, 0.3
+# Capitals beside each other stand further apart than a capital before small letters.
+CAPITALS_APART = 0.6 * spacing.PIXEL
 # The old kern table's length is a 16-bit number of bytes, 6 a pair.
 MOST_KERNS = 10900
 KERNED_SIGNS = ('period comma colon semicolon exclam question quotesingle quotedbl hyphen slash '
@@ -123,8 +123,7 @@ class Scribe:
             return part.shift
         base, mark = (box(self.quill.ink(self.strokes(n))) for n in (letter, part.name))
         middle = (base[0] + base[2] - mark[0] - mark[2]) / 2
-        raised = letter[0].isupper() and part.name not in LOW_ACCENTS
-        return part.shift + complex(middle, CAPITAL_RISE if raised else 0)
+        return part.shift + middle
 
     def write(self, glyph):
         """Now and then the roughness makes two edges cross; then it is rolled again."""
@@ -206,7 +205,8 @@ def class_kerns(pairs, bases):
             if rhythm not in meant:
                 meant[rhythm] = pairs.meant(*rhythm, zone)
             strength = LETTER_KERNING if side(a) and side(b) else SIGN_KERNING
-            table[a, b] = pairs.kern(a, b, zone, meant[rhythm], strength)
+            apart = CAPITALS_APART if category(a) == category(b) == 'Lu' else 0
+            table[a, b] = pairs.kern(a, b, zone, meant[rhythm], strength, apart)
     return table
 
 

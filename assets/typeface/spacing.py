@@ -15,12 +15,14 @@ from outline import polygon
 # every kern to pixels, so all are whole pixels here and nothing is left to rounding.
 PIXEL = 64
 SCAN = 40
+# Scan lines lie off the grid of the outlines' points, so that none runs through a point.
+OFF_GRID = 0.37
 DEPTH = 300
 # Between two letters the eye looks a little deeper.
 PAIR_DEPTH = 430
 # Mean white meant on one side of a small letter; capitals stand a little wider.
-WHITE = 194
-CAPITAL_WHITE = 226
+WHITE = 202
+CAPITAL_WHITE = 244
 # Ink of neighbours comes no nearer than this.
 NEAREST = 58
 # Smaller faults are left alone: a kern of one whole pixel would overshoot them.
@@ -32,7 +34,7 @@ class Profile:
     """Leftmost and rightmost ink per scan line (nan where there is none)."""
 
     def __init__(self, glyph, bottom, top):
-        self.lines = np.arange(bottom, top, SCAN) + 0.37
+        self.lines = np.arange(bottom, top, SCAN) + OFF_GRID
         self.left = np.full(len(self.lines), np.nan)
         self.right = self.left.copy()
         for contour in glyph.foreground:
@@ -97,8 +99,8 @@ class Pairs:
         """The white that straight and round letters, spaced by their bearings alone, have."""
         return np.mean([self.white(a, b, zone) for a in firsts for b in seconds])
 
-    def kern(self, first, second, zone, meant, strength):
-        wanted = (meant - self.white(first, second, zone)) * strength
+    def kern(self, first, second, zone, meant, strength, apart):
+        wanted = (meant - self.white(first, second, zone)) * strength + apart
         return self.clear(first, second, wanted if abs(wanted) > TOLERANCE else 0)
 
     def nearest(self, first, second):
