@@ -1,0 +1,95 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Height maps and ground colours of the barriers.
+
+A barrier blocks by its whole rectangle, so land and surf must fill it to rounded corners:
+coasts are laid out from the rectangle's own outline and only then disturbed.
+"""
+import math
+
+import numpy as np
+from scipy.ndimage import distance_transform_edt, gaussian_filter
+
+from common.noise import band, smoothstep
+from common.palette import rgb
+
+CELLS = 4           # cells a pixel
+SEA_FLOOR = -4.     # lowest height kept, in pixels
+
+
+class Ground:
+    """The cells of a w x h barrier: positions from its middle, heights, distances to shore."""
+
+    def __init__(self, w, h, top, seed):
+        self.w, self.h, self.top = w, h, top
+        self.shape = (h * CELLS, w * CELLS)
+        self.random = np.random.RandomState(seed)
+        y, x = np.mgrid[0:self.shape[0], 0:self.shape[1]]
+        self.x, self.y = (x + .5) / CELLS - w / 2, (y + .5) / CELLS - h / 2
+        self.height = np.full(self.shape, -3.)
+        self.colour = None
+
+    def noise(self, slope, longest, shortest, seed):
+        return band(self.shape, CELLS, slope, longest, shortest, seed)
+
+    def outline(self, part_x, part_y, power):
+        """1 on a superellipse filling these parts of the rectangle, less inside."""
+        e = np.abs(self.x / (self.w * part_x)) ** power
+        return (e + np.abs(self.y / (self.h * part_y)) ** power) ** (1 / power)
+
+    def hump(self, x, y, rx, ry):
+        return np.exp(-((self.x - x) / rx) ** 2 - ((self.y - y) / ry) ** 2)
+
+    def settle(self):
+        """Fix the heights and measure what depends on them."""
+        self.height = gaussian_filter(self.height, .9)
+        gy, gx = np.gradient(gaussian_filter(self.height, 2.))
+        self.slope = np.hypot(gx, gy) * CELLS
+        self.inland = distance_transform_edt(self.height > 0) / CELLS
+        self.offshore = distance_transform_edt(self.height <= 0) / CELLS
+
+    def at(self, x, y):
+        """(height, distance from shore, slope) at a position in pixels."""
+        i = int(np.clip((y + self.h / 2) * CELLS, 0, self.shape[0] - 1))
+        j = int(np.clip((x + self.w / 2) * CELLS, 0, self.shape[1] - 1))
+        return self.height[i, j], self.inland[i, j], self.slope[i, j]
+
+    def boulder(self, cx, cy, radius, top, faces=7, squeeze=1.):
+        """Heights of one boulder: the lowest of tilted planes round it and over it."""
+        r = self.random
+        h = np.full(self.shape, 1e9)
+        dx, dy = self.x - cx, self.y - cy
+        turn = r.rand() * 6.28
+        for k in range(faces):
+            a = turn + k * 2 * math.pi / faces + r.normal() * .22
+            reach, steep = radius * (.8 + .4 * r.rand()), .7 + 1.5 * r.rand()
+            h = np.minimum(h, (1 - (dx * math.cos(a) * squeeze + dy * math.sin(a)) / reach)
+                           * steep)
+        for _ in range(3):
+            a, rise = r.rand() * 6.28, .62 + .3 * r.rand()
+            tilt = (dx * math.cos(a) + dy * math.sin(a)) / radius * (.25 + .3 * r.rand())
+            h = np.minimum(h, rise + tilt)
+        return h * top
+
+
+def srgb(name):
+    return np.array(rgb(name))
+
+
+def lerp(a, b, t):
+    return a + (b - a) * np.asarray(t)[..., None]
+
+
+def bare_rock(g):
+    """Colours of naked rock: weed at the waterline, dark above it, lit tops, some moss."""
+    broad = g.noise(1.3, 40, 3, 51)
+    grain = g.noise(.8, 6, 1, 52)
+    spots = grain[..., None]
+    c = srgb('rock') + broad[..., None] * .03 + spots * .045
+    c = lerp(c, srgb('rock_dark') + spots * .03, 1 - smoothstep(g.height + .6 * broad, 1.2, 3.2))
+    weed = .8 * (1 - smoothstep(g.height + .5 * broad, .3, 1.5))
+    c = lerp(c, srgb('weed') + .02 * spots, weed)
+    c = lerp(c, srgb('rock_lit'), .62 * smoothstep(g.height + 2 * broad, 12, 20))
+    moss = smoothstep(g.noise(1.4, 30, 4, 55) - g.slope * .5, .2, 1.)
+    moss = .75 * moss * smoothstep(g.height, 5, 8)
+    return lerp(c, srgb('moss') + .03 * spots, moss)

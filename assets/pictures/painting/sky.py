@@ -1,0 +1,106 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The dusk sky, painted over azimuth -45..45 and elevation 0..45 degrees, and the sea's waves."""
+import numpy as np
+from scipy.ndimage import gaussian_filter, map_coordinates
+
+from common.noise import fbm, smoothstep
+from common.palette import linear
+from common.raster import to_opaque
+
+W, H = 2400, 1200
+NOISE = 2048
+SUN_AZIMUTH, SUN_HEIGHT = np.radians(3.0), np.radians(4.2)
+# Elevation in degrees and colour.
+GRADIENT = ((0, 'dusk0'), (3, 'ffb45e'), (7, 'dusk1'), (12, 'dusk2'), (19, 'dusk3'),
+            (28, 'dusk4'), (38, '23264f'), (50, 'dusk5'))
+
+
+class Sky:
+    """Directions of the picture's pixels and the colour so far."""
+
+    def __init__(self):
+        x = np.broadcast_to(np.linspace(-1, 1, W), (H, W))
+        y = np.broadcast_to(np.linspace(1, 0, H)[:, None], (H, W))
+        self.azimuth = np.arctan(x)
+        self.height = np.arctan(y * np.cos(self.azimuth))
+        self.degrees = np.degrees(self.height)
+        across = (self.azimuth - SUN_AZIMUTH) * np.cos(self.height)
+        self.from_sun = np.degrees(np.hypot(across, self.height - SUN_HEIGHT))
+        self.aside = np.degrees(np.abs(self.azimuth - SUN_AZIMUTH))
+        self.colour = np.zeros((H, W, 3))
+
+    def cover(self, colour, amount):
+        self.colour += (colour - self.colour) * amount[..., None]
+
+    def clear(self):
+        """Gradient, cooler away from the sun, with the sun's disc and its glow."""
+        at = [e for e, _ in GRADIENT]
+        stops = np.array([linear(c) for _, c in GRADIENT])
+        for i in range(3):
+            self.colour[..., i] = np.interp(self.degrees, at, stops[:, i])
+        cool = np.clip(self.aside / 55, 0, 1) * np.exp(-self.degrees / 14) * .55
+        self.cover(linear('5b4a78'), cool)
+        d = self.from_sun
+        glow = 1.15 * np.exp(-(d / 7.) ** 1.2) + .45 * np.exp(-d / 16.) + .6 * np.exp(-d / 2.6)
+        self.colour += linear('ffd890') * glow[..., None]
+        disc = np.clip((1.15 - d) / .12, 0, 1)
+        self.colour += linear('fff3cf') * 6 * disc[..., None]
+
+    def clouds(self, seed, scale, cover, soft, light, dark, edge, amount, slope):
+        """A layer at one height in perspective, lit from the sun's side."""
+        n = fbm(NOISE, NOISE, seed, slope, size=NOISE)
+        far = 1 / np.tan(np.maximum(self.height, np.radians(.7)) + np.radians(2.2))
+        u, v = np.tan(self.azimuth) * far * scale, far * scale
+
+        def sample(dv, du):
+            return map_coordinates(n, [(v + dv) % NOISE, (u + du) % NOISE], order=1, mode='wrap')
+        density = sample(0, 0)
+        towards = np.sign(SUN_AZIMUTH - self.azimuth) * scale * .02
+        lit = np.clip(.5 - (sample(scale * .05 * far, towards) - density) * 1.1, 0, 1)
+        lit = lit * np.exp(-self.aside / 60)
+        a = smoothstep(density, cover, cover + soft) * np.clip((self.degrees - 1) / 4, 0, 1)
+        c = linear(dark) + (linear(light) - linear(dark)) * lit[..., None]
+        rim = np.exp(-self.from_sun / 13) * (.35 + 3.6 * (1 - a) * a * amount)
+        c = c + linear(edge) * rim[..., None]
+        warm = .35 * np.exp(-self.degrees / 16)[..., None]
+        self.cover(c * (1 - warm) + linear('e8835a') * warm, a * amount)
+
+    def streaks(self):
+        """Thin bars of cloud low over the horizon."""
+        n = fbm(NOISE, NOISE, 17, 1.6, size=NOISE)
+        q = map_coordinates(n, [self.degrees * 22 % NOISE, np.degrees(self.azimuth) * 6 % NOISE],
+                            order=1, mode='wrap')
+        a = np.clip((q - .4) / 1.2, 0, 1) * np.exp(-((self.degrees - 5) / 3.4) ** 2) * .75
+        c = linear('7a4668') + (linear('ff9a55') - linear('7a4668')) * np.exp(
+            -self.aside / 14)[..., None]
+        self.cover(c, a * np.clip((self.from_sun - .9) / 1.2, .25, 1))
+
+
+def paint():
+    sky = Sky()
+    sky.clear()
+    sky.clouds(3, 150, .05, 1.1, 'd9765f', '352a58', 'ffc070', .85, 1.70)
+    sky.clouds(29, 56, .35, .9, 'f4a06a', '251f45', 'ffd490', .92, 1.60)
+    sky.streaks()
+    return to_opaque(sky.colour / (1 + .12 * sky.colour))
+
+
+def waves():
+    """Height map of a tile of sea, 900 units long, in 0..1."""
+    n, tile = NOISE, 900.
+    k1 = np.fft.fftfreq(n) * n
+    kx, ky = np.meshgrid(k1, k1)
+    k = np.hypot(kx, ky)
+    k[0, 0] = 1
+    length = tile / k
+    amplitude = np.where((length < 60) & (length > 1.6), length ** 1.95, 0)
+    amplitude = amplitude * (.25 + np.abs(np.cos(np.arctan2(ky, kx) - 1.15)) ** 2)
+    r = np.random.RandomState(44)
+    h = np.fft.ifft2(amplitude * (r.normal(size=(n, n)) + 1j * r.normal(size=(n, n)))).real
+    h = h / h.std()
+    gy, gx = np.gradient(gaussian_filter(h, 2, mode='wrap'))
+    y, x = np.mgrid[0:n, 0:n].astype(float)
+    h = map_coordinates(h, [y - gy * 120, x - gx * 120], order=3, mode='grid-wrap')
+    h = gaussian_filter(h, .8, mode='wrap')
+    return (h - h.min()) / (h.max() - h.min())

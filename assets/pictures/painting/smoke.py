@@ -1,0 +1,59 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Powder smoke: a small volume of noise, lit by marching through it."""
+import numpy as np
+
+DEPTH = 72
+
+
+def noise3(shape, seed, slope, lowest):
+    r = np.random.RandomState(seed)
+    f = [np.fft.fftfreq(n) * 360. for n in shape]
+    k = np.sqrt(f[0][:, None, None] ** 2 + f[1][None, :, None] ** 2 + f[2][None, None, :] ** 2)
+    k[0, 0, 0] = 1e9
+    amplitude = k ** -slope
+    amplitude[k < lowest] = 0
+    x = np.fft.ifftn(amplitude * np.fft.fftn(r.normal(size=shape))).real
+    return (x / x.std()).astype(np.float32)
+
+
+def density(w, h, puffs, seed):
+    shape = (DEPTH, h, w)
+    z, y, x = np.mgrid[0:DEPTH, 0:h, 0:w].astype(np.float32)
+    ragged = .30 * noise3(shape, seed, 2.3, 5) + .15 * noise3(shape, seed + 1, 1.9, 14)
+    d, r = np.zeros(shape, np.float32), np.random.RandomState(seed + 2)
+    for px, py, size, strength in puffs:
+        for _ in range(9):
+            a = r.rand() * 6.28
+            cx = px + np.cos(a) * size * .55 * r.rand() ** .5 * 1.3
+            cy = py + np.sin(a) * size * .45 * r.rand() ** .5
+            cz = DEPTH / 2 + r.normal() * min(size * .3, DEPTH * .16)
+            radius = size * (.38 + .34 * r.rand())
+            away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged
+            d = np.maximum(d, np.clip((1.0 - away) / .5, 0, 1) * strength)
+    return d
+
+
+def before(d, axis):
+    """Optical depth in front of every cell along an axis; negative axes count from the end."""
+    if axis >= 0:
+        return np.cumsum(d, axis) - d
+    return np.flip(before(np.flip(d, -axis - 1), -axis - 1), -axis - 1)
+
+
+def march(w, h, puffs, seed, k=.16, sun_right=True):
+    """(sunlight, ambient light, coverage) of the smoke on a w x h piece of the picture."""
+    d = density(w, h, puffs, seed)
+    above, behind = before(d, 1), before(d, -1)
+    aside = before(d, -3) if sun_right else before(d, 2)
+    sun = .40 * np.exp(-k * .55 * above) + .60 * np.exp(-k * .40 * (.55 * aside + .45 * behind))
+    sky = np.exp(-k * .25 * above)
+    lit, ambient, through = np.zeros((h, w)), np.zeros((h, w)), np.ones((h, w))
+    for i in range(DEPTH):
+        a = 1 - np.exp(-k * d[i])
+        lit += through * a * sun[i]
+        ambient += through * a * sky[i]
+        through = through * (1 - a)
+    cover = 1 - through
+    share = np.maximum(cover, 1e-4)
+    return lit / share, ambient / share, cover

@@ -1,0 +1,9 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Player 2's panel: navy, a moon on a buckler, crest after the words."""
+from panels.emblems import moon, roundel
+from panels.plate import panel
+
+
+def make(_work):
+    return panel(60, 4, 312, (17, 300), 'navy', (243, 300, roundel, moon), 'Player 2')

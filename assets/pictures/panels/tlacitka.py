@@ -1,0 +1,83 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The button strip: 13 normal cells of 200 x 43, then the same 13 highlighted.
+
+Normal is gold on dark wood; highlighted is dark ink on lit wood between two arrow heads, so
+that the difference is one of brightness and shape, not of hue.
+"""
+import numpy as np
+from PIL import Image
+
+from common.canvas import Canvas, blend
+from common.palette import BRASS, GOLD, WOOD_DARK, WOOD_LIT, linear, ramp
+from common.raster import layer, over, reduce, to_image
+from common.relief import metal, moulding, rivet, wood
+
+W, H, CELLS = 200, 43, 13
+WORDS = {2: 'New game', 8: 'Help', 9: 'Credits', 11: 'Quit'}
+X0, Y0, X1, Y1 = 3, 2, 196, 39
+MIDDLE = ((X0 + X1) / 2, (Y0 + Y1) / 2)
+
+
+def plate(c, row, lit):
+    d = c.rounded(X0, Y0, X1, Y1, 8)
+    colours = WOOD_LIT if lit else WOOD_DARK
+    # Plates without words are never drawn: without grain they hardly weigh anything.
+    surface = wood(c, 100 + row * 7, None, colours) if row in WORDS else c.fill(ramp(colours)[1])
+    surface = surface * (.5 + .5 * np.clip(d / (5 if lit else 8), 0, 1))[..., None]
+    if lit:
+        glow = np.exp(-((c.x - MIDDLE[0]) / 84) ** 2 - ((c.y - MIDDLE[1]) / 17) ** 2)
+        surface = surface + glow[..., None] * linear('ffd98a') * .35
+    brass = moulding(c, d, 3.6, 7, GOLD if lit else BRASS) * (1.2 if lit else .85)
+    return blend(surface, brass, d < 3.6), d
+
+
+def carve(c, surface, mask):
+    """Gold letters standing on dark wood."""
+    dark = c.blur(c.moved(mask, 1, 1.3), .9) * .85 + c.blur(mask, 1.2) * .3
+    surface = surface * (1 - np.clip(dark, 0, .9))[..., None]
+    return blend(surface, metal(c.bevel(mask, 2.6, .25), 5) * 1.3, mask)
+
+
+def burn(c, surface, mask):
+    """Dark letters sunk into lit wood, with light on their lower right edge."""
+    edge = np.clip(c.moved(mask, .8, 1.) - mask, 0, 1)
+    surface = surface + edge[..., None] * linear('fff3c0') * .5
+    return blend(surface, linear('2c0d06'), mask)
+
+
+def ends(c, surface, words, lit):
+    """Rivets, or on the highlighted plate arrow heads towards the words."""
+    if not lit:
+        for x in (X0 + 10, X1 - 10):
+            surface = rivet(c, surface, x, MIDDLE[1], 2.6)
+        return surface
+    if not words:
+        return surface
+    y = MIDDLE[1]
+    heads = c.polygon([(X0 + 11, y - 8), (X0 + 23, y), (X0 + 11, y + 8), (X0 + 14.5, y)],
+                      [(X1 - 11, y - 8), (X1 - 23, y), (X1 - 11, y + 8), (X1 - 14.5, y)])
+    return blend(surface, linear('8c1a18'), heads)
+
+
+def cell(c, row, lit):
+    surface, d = plate(c, row, lit)
+    words = WORDS.get(row)
+    surface = ends(c, surface, words, lit)
+    if words:
+        mask = c.fatten(c.text(words, 19, MIDDLE[0], 28.5, spacing=.8), .2)
+        surface = burn(c, surface, mask) if lit else carve(c, surface, mask)
+    cover = c.soft(d)
+    dark = c.shadow(cover, 1.5, 2, 1.2, .55)
+    stack = over(layer(surface, cover), layer(linear('night'), dark))
+    stack = stack * np.clip(c.edge() / 1.5, 0, 1)[..., None]
+    return to_image(reduce(stack, c.scale))
+
+
+def make(_work):
+    c = Canvas(W, H)
+    sheet = Image.new('RGBA', (W, H * CELLS * 2))
+    for lit in (0, 1):
+        for row in range(CELLS):
+            sheet.paste(cell(c, row, lit), (0, (lit * CELLS + row) * H))
+    return sheet

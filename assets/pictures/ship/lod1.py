@@ -1,0 +1,72 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The ship's sheet: 36 headings of 100 x 100, frame k turned k tens of degrees from left."""
+import json
+from pathlib import Path
+
+import numpy as np
+from PIL import Image
+from scipy.ndimage import gaussian_filter
+
+from common import povray
+from common.palette import linear
+from common.raster import layer, over, read_layer, read_light, reduce, to_image
+from ship import model, wake
+
+HERE = Path(__file__).resolve().parent
+FRAME, COLUMNS, HEADINGS = 100, 6, 36
+# The hit boxes of the rules: what looks hit must be hit.
+BOX_W = (100, 95, 95, 90, 85, 75, 65, 60, 50)
+BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
+TOLERANCE = 4
+
+
+def box(k):
+    """Width and height of the hit box at heading k."""
+    w, h = BOX_W[k % 9], BOX_H[k % 9]
+    return (h, w) if k // 9 % 2 else (w, h)
+
+
+def extent(ship):
+    """Width and height of the ship without shadow and foam."""
+    rows, columns = np.where(ship[..., 3] > .5)
+    return int(np.ptp(columns)) + 1, int(np.ptp(rows)) + 1
+
+
+def render(k, work, libraries):
+    scene = HERE / 'sheet.pov'
+    hull, cast = work / ('ship%02d.png' % k), work / ('shadow%02d.png' % k)
+    povray.render(scene, hull, (400, 400), libraries, True, .15, Heading=k, Shadow=0)
+    povray.render(scene, cast, (200, 200), libraries, False, .3, Heading=k, Shadow=1)
+    return read_layer(hull, 4), read_light(cast)
+
+
+def border():
+    """Distance to the frame's edge: shadow and foam must die out before it."""
+    y, x = np.mgrid[0:FRAME, 0:FRAME] + .5
+    return np.minimum.reduce([x, y, FRAME - x, FRAME - y])
+
+
+def compose(k, ship, light):
+    light = np.clip(light / np.percentile(light, 98), 0, 1)
+    shade = reduce(gaussian_filter(1 - light, 1.5), 2) * .50 * np.clip(border() / 5, 0, 1)
+    foam = reduce(wake.foam(k), wake.CELLS) * .95 * np.clip(border() / 4, 0, 1)
+    under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
+    return over(ship, under)
+
+
+def make(work):
+    libraries = povray.prepare(work, HERE)
+    model.write(work / 'ship.inc', 'chart')
+    sheet, errors = Image.new('RGBA', (FRAME * COLUMNS, FRAME * COLUMNS)), {}
+    for k in range(HEADINGS):
+        ship, light = render(k, work, libraries)
+        errors[k] = [got - want for got, want in zip(extent(ship), box(k))]
+        sheet.paste(to_image(compose(k, ship, light)), (k % COLUMNS * FRAME,
+                                                        k // COLUMNS * FRAME))
+    (work / 'boxes.json').write_text(json.dumps(errors))
+    error = max(max(map(abs, e)) for e in errors.values())
+    print('lod1: outline within %d pixels of the hit boxes' % error)
+    if error > TOLERANCE:
+        raise RuntimeError('at most %d pixels are allowed: %s' % (TOLERANCE, errors))
+    return sheet
