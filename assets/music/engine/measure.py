@@ -1,0 +1,55 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Figures of a finished MP3: loudness, true peak, bands."""
+import re
+import subprocess
+
+import numpy as np
+
+from .loopmp3 import RATE
+
+BANDS = (20, 60, 120, 250, 500, 1000, 2000, 4000, 8000, 11025)
+
+
+def decode(path):
+    """Stereo samples of an MP3 as floats."""
+    raw = subprocess.run(['ffmpeg', '-v', 'error', '-i', path, '-f', 'f32le', '-ac', '2', '-'],
+                         check=True, stdout=subprocess.PIPE).stdout
+    return np.frombuffer(raw, '<f4').reshape(-1, 2).astype(np.float64)
+
+
+def _ebur128(source, data=None):
+    text = subprocess.run(['ffmpeg', '-hide_banner', '-nostats', *source, '-af',
+                           'ebur128=peak=true', '-f', 'null', '-'], check=True, input=data,
+                          stderr=subprocess.PIPE).stderr.decode()
+    summary = text[text.rindex('Summary:'):]
+    return tuple(float(re.search(rf'{name}:\s+(-?[\d.]+|-inf)', summary).group(1))
+                 for name in ('I', 'LRA', 'Peak'))
+
+
+def loudness(path):
+    """Integrated loudness (LUFS), loudness range (LU) and true peak (dB) of a file."""
+    return _ebur128(['-i', path])
+
+
+def loudness_of(samples):
+    """Integrated loudness (LUFS) of samples at the game's rate."""
+    source = ['-f', 'f32le', '-ar', str(RATE), '-ac', '2', '-i', 'pipe:0']
+    return _ebur128(source, samples.astype('<f4').tobytes())[0]
+
+
+def bands(samples):
+    """[(low, high, dB relative to the whole)] of the mono sum."""
+    power = np.abs(np.fft.rfft(samples.mean(1))) ** 2
+    frequency = np.fft.rfftfreq(len(samples), 1 / RATE)
+    total = power.sum()
+    return [(low, high, 10 * np.log10(
+        power[(frequency >= low) & (frequency < high)].sum() / total + 1e-12))
+        for low, high in zip(BANDS, BANDS[1:])]
+
+
+def level_curve(samples, window=.4):
+    """RMS in dB of successive windows."""
+    size = int(window * RATE)
+    blocks = samples[:len(samples) // size * size].reshape(-1, size * 2)
+    return 10 * np.log10((blocks ** 2).mean(1) + 1e-9)

@@ -1,0 +1,97 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""From rendered parts to one loop at the game's rate."""
+from concurrent.futures import ThreadPoolExecutor
+
+import numpy as np
+from scipy.fft import irfft, rfft
+
+from . import signal
+from .loopmp3 import FRAME, RATE as GAME_RATE
+from .performance import Clock, write_midi
+from .synthesis import RATE, circle, read, render
+
+REFERENCE = -22.0          # RMS in dB of a part at level 0 while it plays
+ACTIVE = 0.06              # share of its loudest moment from which a part counts as playing
+CEILING = signal.gain(-2.8)  # leaves room for what encoding adds
+WORKERS = 2
+
+
+def _transforms_fast(number):
+    """True if a Fourier transform of this length needs no large factors."""
+    for factor in (2, 3, 5, 7, 11, 13, 17, 19, 23, 29):
+        while number % factor == 0:
+            number //= factor
+    return number == 1
+
+
+def loop_clock(score):
+    """The score's clock, stretched to a number of frames that transforms fast and is odd.
+
+    SDL_mixer leaves a whole buffer silent when a piece ends where a buffer of 4096 samples
+    does; with an odd number of frames that happens in one round of 64, the least possible.
+    """
+    wanted = Clock(score).total * GAME_RATE / FRAME
+    fast = [n for n in range(int(wanted * .97), int(wanted * 1.03)) if n % 2 and
+            _transforms_fast(n)]
+    frames = min(fast, key=lambda n: abs(n - wanted))
+    return Clock(score, frames * FRAME / GAME_RATE)
+
+
+def render_parts(score, clock, folder):
+    """MIDI and sound of every part in a folder."""
+    folder.mkdir(parents=True, exist_ok=True)
+    parts = [part for part in score.parts.values() if part.notes]
+    for part in parts:
+        write_midi(score, part, clock, folder / f'{part.name}.mid')
+    with ThreadPoolExecutor(WORKERS) as pool:
+        list(pool.map(lambda p: render(folder / f'{p.name}.mid', folder / f'{p.name}.wav'), parts))
+    return parts
+
+
+def _steady_level(samples):
+    """RMS over the moments in which a part plays."""
+    block = RATE // 10
+    loud = np.sqrt((samples ** 2).mean(1))
+    peaks = loud[:len(loud) // block * block].reshape(-1, block).max(1)
+    return np.sqrt((peaks[peaks > peaks.max() * ACTIVE] ** 2).mean())
+
+
+def _treat(part, samples):
+    instrument = part.instrument
+    samples = signal.equalise(samples, signal.highpass(instrument.highpass),
+                              *(signal.bell(*b) for b in instrument.bells))
+    wanted = signal.gain(REFERENCE + part.level) * 2
+    return signal.place(samples, part.pan, instrument.width) * wanted / _steady_level(samples)
+
+
+def mix(score, clock, folder, parts):
+    """The unmastered loop, and each part's share of its energy in dB."""
+    length = round(clock.total * RATE)
+    dry, send, energy = np.zeros((length, 2)), np.zeros((length, 2)), {}
+    for part in parts:
+        samples = _treat(part, circle(read(folder / f'{part.name}.wav'), length))
+        energy[part.name] = (samples ** 2).mean()
+        dry += samples
+        send += samples * signal.gain(part.instrument.reverb)
+    hall = signal.hall(score.mixing.get('hall', 1.9))
+    wet = signal.reverberate(signal.equalise(send, signal.highpass(140),
+                                             signal.lowpass(7500, 1)), hall)
+    total = sum(energy.values())
+    return dry + wet, {name: 10 * np.log10(e / total) for name, e in energy.items()}
+
+
+def tone(score, samples):
+    """Equalises and levels the whole; -16 dB RMS comes out."""
+    samples = signal.equalise(samples, signal.highpass(36), signal.bell(300, -1.2),
+                              signal.shelf(4500, score.mixing.get('treble', 4.0)),
+                              signal.band_limit(10650))
+    samples = samples / np.sqrt((samples ** 2).mean()) * signal.gain(-16)
+    return signal.compress(samples, -13, score.mixing.get('ratio', 1.4))
+
+
+def drive(samples, decibels):
+    """Amplifies into the limiter; half the rate comes out, and the limiter's least gain."""
+    samples, least = signal.limit(samples * signal.gain(decibels), CEILING)
+    spectrum = rfft(samples, axis=0)[:len(samples) // 4 + 1]
+    return irfft(spectrum, len(samples) // 2, axis=0) / 2, least

@@ -1,0 +1,38 @@
+/* SPDX-FileCopyrightText: 2026 The Morvane makers
+ * SPDX-License-Identifier: MIT
+ *
+ * Plays a piece as the game does, for a number of milliseconds.  With SDL_AUDIODRIVER=disk
+ * the mix goes to the file named by SDL_DISKAUDIOFILE, where its seam can be measured. */
+#include <SDL/SDL.h>
+#include <SDL/SDL_mixer.h>
+#include <stdio.h>
+#include <stdlib.h>
+
+static int fail(const char *what)
+{
+    fprintf(stderr, "%s: %s\n", what, SDL_GetError());
+    SDL_Quit();
+    return 1;
+}
+
+int main(int argc, char **argv)
+{
+    Mix_Music *music;
+    if (argc != 3) {
+        fprintf(stderr, "usage: playloop FILE MILLISECONDS\n");
+        return 2;
+    }
+    if (SDL_Init(SDL_INIT_AUDIO) < 0)
+        return fail("sound");
+    if (Mix_OpenAudio(22050, AUDIO_S16SYS, 2, 4096) < 0)
+        return fail("mixer");
+    music = Mix_LoadMUS(argv[1]);
+    if (!music || Mix_PlayMusic(music, -1) < 0)
+        return fail(argv[1]);
+    SDL_Delay((Uint32) atoi(argv[2]));
+    Mix_HaltMusic();
+    Mix_FreeMusic(music);
+    Mix_CloseAudio();
+    SDL_Quit();
+    return 0;
+}
