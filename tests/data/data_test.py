@@ -1,0 +1,173 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The files in data/ have the layouts on which the game relies."""
+import re
+from pathlib import Path
+
+import numpy
+import pytest
+from fontTools.ttLib import TTFont
+from PIL import Image, ImageFont
+
+ROOT = Path(__file__).resolve().parents[2]
+DATA = ROOT / 'data'
+
+# Width and height where the layout fixes them, and whether the picture's own alpha counts.
+PICTURES = {
+    'logo.png': (None, True),
+    'menu.png': (None, True),
+    'tlacitka.png': ((200, 26 * 43), True),
+    'pozadie-lode3.png': ((800, 600), False),
+    'brannoc4f.png': (None, False),
+    'presentsscreen1.png': (None, False),
+    'bar1.png': ((400, 100), False),
+    'bar2.png': ((400, 100), False),
+    'kruh.png': ((9 * 69, 5 * 69), False),
+    'voda.png': (None, False),
+    'lod1.png': ((600, 600), True),
+    'strela2.png': (None, True),
+    'cball.png': ((20, 20), True),
+    'prekazka1.png': (None, True),
+    'prekazka2.png': (None, True),
+    'prekazka3.png': (None, True),
+}
+
+HIT_BOX = [(100, 40), (95, 50), (95, 60), (90, 65), (85, 75), (75, 85), (65, 90), (60, 95), (50, 95)]
+
+
+def picture(name):
+    return Image.open(DATA / name)
+
+
+def pixels(name):
+    return numpy.asarray(picture(name).convert('RGBA')).astype(int)
+
+
+def magenta(area):
+    return (area[..., 0] == 255) & (area[..., 1] == 0) & (area[..., 2] == 255)
+
+
+def test_nothing_is_missing_or_left_over():
+    expected = {*PICTURES, 'papyrus.ttf', 'music1.mp3', 'music2.mp3', 'music3.mp3', 'morvane.dat'}
+    assert {path.name for path in DATA.iterdir()} == expected
+
+
+@pytest.mark.parametrize('name', PICTURES)
+def test_picture_has_its_size_and_transparency(name):
+    size, has_alpha = PICTURES[name]
+    if size is not None:
+        assert picture(name).size == size
+    assert picture(name).mode == ('RGBA' if has_alpha else 'RGB')
+
+
+@pytest.mark.parametrize('name', [name for name, (_, alpha) in PICTURES.items()
+                                  if not alpha and name != 'kruh.png'])
+def test_picture_without_alpha_has_no_hole(name):
+    assert not magenta(pixels(name)).any()
+
+
+def test_dial_frames_are_keyed_round_and_differ_from_each_other():
+    dial = pixels('kruh.png')
+    frames = [dial[k % 5 * 69:k % 5 * 69 + 69, k // 5 * 69:k // 5 * 69 + 69] for k in range(41)]
+    for frame in frames:
+        assert magenta(frame)[0, 0] and not magenta(frame)[34, 34]
+    for earlier, later in zip(frames, frames[1:]):
+        assert (numpy.abs(earlier - later).sum(axis=2) > 30).sum() >= 20
+
+
+def test_menu_fits_the_display():
+    assert picture('logo.png').height + picture('menu.png').height <= 600
+    # The four buttons lie inside the panel.
+    assert picture('menu.png').width >= 200 and picture('menu.png').height >= 4 * 43
+
+
+def test_every_button_row_holds_a_plate_and_the_highlight_differs():
+    strip = pixels('tlacitka.png')
+    for row in range(13):
+        normal = strip[43 * row:43 * row + 43]
+        highlighted = strip[559 + 43 * row:559 + 43 * row + 43]
+        assert (normal[..., 3] > 200).mean() > 0.5
+        assert (highlighted[..., 3] > 200).mean() > 0.5
+        assert numpy.abs(normal - highlighted).mean() > 8
+
+
+@pytest.mark.parametrize('name, left', [('bar1.png', 0), ('bar2.png', 4)])
+def test_panel_carries_a_full_red_bar(name, left):
+    bar = pixels(name)[78:, left:left + 396]
+    # Red everywhere but on the rims and notches, up to both ends.
+    red = bar[..., 0] > 1.8 * numpy.maximum(bar[..., 1], bar[..., 2])
+    assert red.mean() > 0.8
+    assert red[:, :8].mean() > 0.5 and red[:, -8:].mean() > 0.5
+
+
+def test_water_covers_the_whole_sea_without_a_seam():
+    sea = pixels('voda.png')[..., :3]
+    assert sea.shape[0] >= sea.shape[1]
+    for axis in (0, 1):
+        inner = numpy.abs(numpy.diff(sea, axis=axis)).mean()
+        seam = numpy.abs(sea.take(0, axis=axis) - sea.take(-1, axis=axis)).mean()
+        assert seam < 1.5 * inner
+
+
+@pytest.mark.parametrize('phase', range(36))
+def test_ship_is_hit_where_it_is_seen(phase):
+    x, y = phase % 6 * 100, phase // 6 * 100
+    ship = pixels('lod1.png')[y:y + 100, x:x + 100]
+    # Wood and canvas are warm; foam and shadow, which cannot be hit, are cold.
+    rows, columns = numpy.nonzero((ship[..., 3] > 127) & (ship[..., 0] > ship[..., 2]))
+    width, height = HIT_BOX[phase % 9]
+    if phase // 9 % 2 == 1:
+        width, height = height, width
+    left, top = 50 - width // 2, 50 - height // 2
+    assert abs(columns.min() - left) <= 4 and abs(columns.max() + 1 - left - width) <= 4
+    assert abs(rows.min() - top) <= 4 and abs(rows.max() + 1 - top - height) <= 4
+
+
+@pytest.mark.parametrize('name', ['prekazka1.png', 'prekazka2.png', 'prekazka3.png'])
+def test_barrier_fills_its_rectangle(name):
+    alpha = pixels(name)[..., 3] > 40
+    for edge in (alpha[:4], alpha[-4:], alpha[:, :4], alpha[:, -4:]):
+        assert edge.any()
+    assert alpha.mean() > 0.75
+
+
+def mp3_frames(data):
+    """The headers of all frames of an MPEG-2 Layer III file that holds nothing else."""
+    bitrates = [0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160]
+    rates = [22050, 24000, 16000]
+    place = 0
+    while place < len(data):
+        header = int.from_bytes(data[place:place + 4], 'big')
+        assert header >> 17 == 0b111111111111001  # sync, MPEG-2, layer III
+        rate = rates[header >> 10 & 3]
+        yield rate, 1 if header >> 6 & 3 == 3 else 2
+        place += 72 * bitrates[header >> 12 & 15] * 1000 // rate + (header >> 9 & 1)
+    assert place == len(data)
+
+
+@pytest.mark.parametrize('track', [1, 2, 3])
+def test_track_has_the_rate_of_the_mixer_and_lasts(track):
+    frames = list(mp3_frames((DATA / f'music{track}.mp3').read_bytes()))
+    assert set(frames) == {(22050, 2)}
+    assert len(frames) * 576 / 22050 >= 120
+
+
+def texts_of_the_game():
+    """Every text that the game writes onto the display."""
+    for source in sorted((ROOT / 'src').glob('*.cpp')):
+        for call in re.findall(r'simpleText\(([^;]*)\);', source.read_text()):
+            yield from re.findall(r'"([^"]*)"', call)
+
+
+def test_typeface_has_every_character():
+    characters = set(TTFont(DATA / 'papyrus.ttf').getBestCmap())
+    assert characters >= {*range(32, 127), *range(160, 256)}
+    texts = list(texts_of_the_game())
+    assert len(texts) >= 14
+    assert characters >= {ord(character) for text in texts for character in text}
+
+
+def test_every_text_fits_the_display():
+    font = ImageFont.truetype(str(DATA / 'papyrus.ttf'), 29)
+    widths = {text: font.getlength(text) for text in texts_of_the_game()}
+    assert max(widths.values()) <= 780
