@@ -38,6 +38,8 @@ SDL_Surface* addPicture(const std::string& filename, int w, int h, Colour colour
     SDL_Surface* plain = createSurface(w, h);
     SDL_Surface* picture = SDL_DisplayFormatAlpha(plain);
     SDL_FreeSurface(plain);
+    // A converted plain surface blends on the classic library only; a loaded picture on both.
+    SDL_SetAlpha(picture, SDL_SRCALPHA, 255);
     fill(picture, {0, 0, static_cast<Uint16>(w), static_cast<Uint16>(h)}, colour);
     imagePool[filename] = picture;
     return picture;
@@ -89,6 +91,9 @@ void DisplayTest::SetUp() {
     ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0) << SDL_GetError();
     screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
     ASSERT_NE(screen, nullptr) << SDL_GetError();
+    // One library paints its pointer into the display, the other leaves the display as it finds it.
+    SDL_ShowCursor(SDL_DISABLE);
+    SDL_FillRect(screen, nullptr, 0);
 }
 
 void DisplayTest::TearDown() {

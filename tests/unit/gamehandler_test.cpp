@@ -3,18 +3,303 @@
 
 #include "gamehandler.h"
 
-#include "battle.h"
-#include "playership.h"
+#include <vector>
+
+#include "duel.h"
+#include "flips.h"
+#include "main.h"
+#include "mainmenu.h"
+#include "pictures.h"
+#include "rects.h"
 
 namespace {
 
-class GameHandlerTest : public BattleTest {};
+struct Overlap {
+    const char* what;
+    SDL_Rect rect1;
+    SDL_Rect rect2;
+    bool collide;
+};
 
-TEST_F(GameHandlerTest, holdsSeventeenObjects) {
-    GameHandler battle;
-    EXPECT_EQ(battle.objects.size(), 17U);
-    EXPECT_EQ(battle.barriers.size(), 13U);
-    EXPECT_EQ(battle.objects[15], battle.ship1);
+const Overlap overlaps[] = {
+    {"same", {3, 4, 10, 10}, {3, 4, 10, 10}, true},
+    {"touching right", {0, 0, 10, 10}, {10, 0, 10, 10}, false},
+    {"touching left", {10, 0, 10, 10}, {0, 0, 10, 10}, false},
+    {"touching below", {0, 0, 10, 10}, {0, 10, 10, 10}, false},
+    {"touching above", {0, 10, 10, 10}, {0, 0, 10, 10}, false},
+    {"touching corners", {0, 0, 10, 10}, {10, 10, 10, 10}, false},
+    {"other touching corners", {0, 10, 10, 10}, {10, 0, 10, 10}, false},
+    {"one pixel at the corner", {0, 0, 10, 10}, {9, 9, 10, 10}, true},
+    {"one column", {0, 0, 10, 10}, {9, 0, 10, 10}, true},
+    {"one column at the left", {9, 0, 10, 10}, {0, 0, 10, 10}, true},
+    {"one row", {0, 0, 10, 10}, {0, 9, 10, 10}, true},
+    {"one row above", {0, 9, 10, 10}, {0, 0, 10, 10}, true},
+    {"inside", {4, 4, 2, 2}, {0, 0, 10, 10}, true},
+    {"around", {0, 0, 10, 10}, {4, 4, 2, 2}, true},
+    {"crossing", {0, 4, 10, 2}, {4, 0, 2, 10}, true},
+    {"same columns, apart", {0, 0, 10, 10}, {0, 50, 10, 10}, false},
+    {"same rows, apart", {0, 0, 10, 10}, {50, 0, 10, 10}, false},
+    {"negative places", {-20, -20, 30, 30}, {5, 5, 10, 10}, true},
+    {"touching from negative places", {-20, -20, 20, 20}, {0, 0, 10, 10}, false},
+    {"widest", {-32768, 0, 65535, 1}, {32766, 0, 1, 1}, true},
+    {"widest, touching", {-32768, 0, 65535, 1}, {32767, 0, 1, 1}, false},
+    {"beyond 16 bits", {32767, 32767, 65535, 65535}, {0, 0, 10, 10}, false},
+    {"beyond 16 bits, both", {32767, 32767, 65535, 65535}, {32000, 32000, 1000, 1000}, true},
+    {"no width, inside", {5, 0, 0, 10}, {0, 0, 10, 10}, true},
+    {"no width, at the left edge", {0, 0, 0, 10}, {0, 0, 10, 10}, false},
+    {"no width, at the right edge", {10, 0, 0, 10}, {0, 0, 10, 10}, false},
+    {"no width, rows apart", {5, 10, 0, 10}, {0, 0, 10, 10}, false},
+    {"around no width", {0, 0, 10, 10}, {5, 0, 0, 10}, true},
+    {"no height, inside", {0, 5, 10, 0}, {0, 0, 10, 10}, true},
+    {"no height, at the upper edge", {0, 0, 10, 0}, {0, 0, 10, 10}, false},
+    {"a point inside", {5, 5, 0, 0}, {0, 0, 10, 10}, true},
+    {"a point on a point", {5, 5, 0, 0}, {5, 5, 0, 0}, false},
+};
+
+TEST(RectanglesCollideTest, overlapsStrictly) {
+    for (const Overlap& overlap : overlaps) {
+        EXPECT_EQ(rectanglesCollide(overlap.rect1, overlap.rect2), overlap.collide) << overlap.what;
+    }
+}
+
+class GameHandlerTest : public DuelTest {};
+
+TEST_F(GameHandlerTest, collidesWithNoBarrierOnTheOpenSea) {
+    EXPECT_FALSE(battle->collidesWithBarriers({0, 0, 1300, 1300}));
+}
+
+TEST_F(GameHandlerTest, collidesWithAnyOfTheBarriers) {
+    addBarrier({100, 100, 50, 50});
+    addBarrier({300, 100, 50, 50});
+    addBarrier({500, 100, 50, 50});
+    EXPECT_TRUE(battle->collidesWithBarriers({149, 149, 10, 10}));
+    EXPECT_TRUE(battle->collidesWithBarriers({291, 91, 10, 10}));
+    EXPECT_TRUE(battle->collidesWithBarriers({510, 110, 10, 10}));
+    EXPECT_FALSE(battle->collidesWithBarriers({200, 110, 10, 10}));
+}
+
+TEST_F(GameHandlerTest, letsRectanglesTouchBarriers) {
+    addBarrier({100, 100, 50, 50});
+    EXPECT_FALSE(battle->collidesWithBarriers({150, 100, 50, 50}));
+    EXPECT_FALSE(battle->collidesWithBarriers({50, 100, 50, 50}));
+    EXPECT_FALSE(battle->collidesWithBarriers({100, 150, 50, 50}));
+    EXPECT_FALSE(battle->collidesWithBarriers({100, 50, 50, 50}));
+}
+
+TEST_F(GameHandlerTest, collidesWithListedBarriersOnly) {
+    addBarrier({100, 100, 50, 50});
+    battle->barriers.clear();
+    EXPECT_FALSE(battle->collidesWithBarriers({100, 100, 50, 50}));
+}
+
+struct Aim {
+    int shipX;
+    int shipY;
+    int x;
+    int y;
+};
+
+const Aim aims[] = {
+    {600, 600, 455, 405}, // in the middle
+    {0, 0, 0, 0},         // the four corners
+    {1200, 0, 909, 0},      {0, 1200, 0, 809},
+    {1200, 1200, 909, 809}, {144, 194, 0, 0}, // round the left and upper clamps
+    {145, 195, 0, 0},       {146, 196, 1, 1},
+    {1053, 1003, 908, 808}, // round the right and lower clamps
+    {1054, 1004, 909, 809}, {1055, 1005, 909, 809},
+    {-500, -500, 0, 0}, // ships off the world
+    {5000, 5000, 909, 809},
+};
+
+TEST_F(GameHandlerTest, centresViewport1OnShip1WithinTheWorld) {
+    for (const Aim& aim : aims) {
+        place(ship1, aim.shipX, aim.shipY);
+        battle->moveViewport(1);
+        EXPECT_THAT(battle->viewport1, isAt(aim.x, aim.y)) << rectText(ship1->rect);
+    }
+}
+
+TEST_F(GameHandlerTest, centresViewport2OnShip2WithinTheWorld) {
+    for (const Aim& aim : aims) {
+        place(ship2, aim.shipX, aim.shipY);
+        battle->moveViewport(2);
+        EXPECT_THAT(battle->viewport2, isAt(aim.x, aim.y)) << rectText(ship2->rect);
+    }
+}
+
+TEST_F(GameHandlerTest, movesOneViewportAtATime) {
+    place(ship1, 600, 600);
+    place(ship2, 700, 700);
+    battle->viewport1 = {1, 2, 3, 4};
+    battle->viewport2 = {5, 6, 7, 8};
+    battle->moveViewport(1);
+    EXPECT_THAT(battle->viewport1, isRect(455, 405, 3, 4));
+    EXPECT_THAT(battle->viewport2, isRect(5, 6, 7, 8));
+    battle->viewport1 = {1, 2, 3, 4};
+    battle->moveViewport(2);
+    EXPECT_THAT(battle->viewport1, isRect(1, 2, 3, 4));
+    EXPECT_THAT(battle->viewport2, isRect(555, 505, 7, 8));
+}
+
+TEST_F(GameHandlerTest, takesEveryOtherIdForTheRightViewport) {
+    place(ship1, 600, 600);
+    place(ship2, 700, 700);
+    for (const int id : {0, 3, -1, 100}) {
+        battle->viewport1 = {1, 2, 390, 490};
+        battle->viewport2 = {1, 2, 390, 490};
+        battle->moveViewport(id);
+        EXPECT_THAT(battle->viewport1, isAt(1, 2)) << id;
+        EXPECT_THAT(battle->viewport2, isAt(555, 505)) << id;
+    }
+}
+
+TEST_F(GameHandlerTest, halvesEachSizeByItself) {
+    place(ship1, 600, 600);
+    ship1->rect.w = 99;
+    ship1->rect.h = 97;
+    battle->moveViewport(1);
+    EXPECT_THAT(battle->viewport1, isAt(454, 403));
+    battle->viewportSize = {0, 0, 389, 491};
+    battle->moveViewport(1);
+    EXPECT_THAT(battle->viewport1, isAt(455, 403));
+}
+
+TEST_F(GameHandlerTest, clampsViewportsToTheSizeOfTheWorldSurface) {
+    SDL_FreeSurface(battle->world);
+    battle->world = createSurface(700, 800);
+    place(ship1, 600, 700);
+    battle->moveViewport(1);
+    EXPECT_THAT(battle->viewport1, isAt(309, 309));
+}
+
+TEST_F(GameHandlerTest, asksForTheMenuOnEscape) {
+    SDL_Event event = keyDown(SDLK_ESCAPE);
+    battle->event(&event);
+    EXPECT_NE(dynamic_cast<MainMenu*>(newProgramMode), nullptr);
+    EXPECT_EQ(activeProgramMode, nullptr);
+}
+
+TEST_F(GameHandlerTest, ignoresEveryOtherKey) {
+    for (int key = 0; key < SDLK_LAST; ++key) {
+        if (key != SDLK_ESCAPE) {
+            SDL_Event event = keyDown(static_cast<SDLKey>(key));
+            battle->event(&event);
+            EXPECT_EQ(newProgramMode, nullptr) << key;
+        }
+    }
+}
+
+TEST_F(GameHandlerTest, ignoresEveryOtherEvent) {
+    running = true;
+    SDL_Event quit = {};
+    quit.type = SDL_QUIT;
+    // The key of these is Escape where a handler reads on without looking at the type.
+    std::vector<SDL_Event> events = {keyUp(SDLK_ESCAPE), mouseDown(1), mouseUp(1),
+                                     mouseMotion(27, 27), quit};
+    for (SDL_Event& event : events) {
+        event.key.keysym.sym = SDLK_ESCAPE;
+        battle->event(&event);
+        EXPECT_EQ(newProgramMode, nullptr) << int{event.type};
+    }
+    EXPECT_TRUE(running);
+    running = false;
+}
+
+TEST_F(GameHandlerTest, blackensTheDisplayWhenItBecomesActive) {
+    fillAll(screen, white);
+    battle->activate();
+    EXPECT_EQ(firstOther(screen, {0, 0, 800, 600}, black), "");
+}
+
+TEST_F(GameHandlerTest, blackensTheClipRectangleOnly) {
+    fillAll(screen, white);
+    SDL_Rect clip = {100, 200, 300, 50};
+    SDL_SetClipRect(screen, &clip);
+    battle->activate();
+    EXPECT_EQ(firstOther(screen, clip, black), "");
+    EXPECT_EQ(countOf(screen, black), 300 * 50);
+    EXPECT_EQ(countOf(screen, white), 800 * 600 - 300 * 50);
+}
+
+TEST_F(GameHandlerTest, aimsBothViewportsWhenItBecomesActive) {
+    place(ship1, 600, 600);
+    place(ship2, 1000, 1000);
+    battle->activate();
+    EXPECT_THAT(battle->viewport1, isAt(455, 405));
+    EXPECT_THAT(battle->viewport2, isAt(855, 805));
+}
+
+TEST_F(GameHandlerTest, becomesActiveWithoutAFlip) {
+    FlipWatch flips;
+    battle->activate();
+    EXPECT_EQ(flips.count, 0);
+}
+
+TEST_F(GameHandlerTest, cleansNothingUp) {
+    fillAll(screen, white);
+    battle->cleanUp();
+    EXPECT_EQ(battle->objects.size(), 4U);
+    EXPECT_NE(battle->world, nullptr);
+    EXPECT_EQ(firstOther(screen, {0, 0, 800, 600}, white), "");
+    EXPECT_EQ(newProgramMode, nullptr);
+}
+
+TEST_F(GameHandlerTest, mapsColoursForTheWorld) {
+    const int value = battle->mapWorldRGB(12, 34, 56);
+    Uint8 r = 0;
+    Uint8 g = 0;
+    Uint8 b = 0;
+    SDL_GetRGB(static_cast<Uint32>(value), battle->world->format, &r, &g, &b);
+    EXPECT_EQ((Colour{r, g, b}), (Colour{12, 34, 56}));
+}
+
+TEST_F(GameHandlerTest, dropsThePaletteOfTheWorldWhenItMapsColours) {
+    SDL_Palette palette = {};
+    battle->world->format->palette = &palette;
+    battle->mapWorldRGB(1, 2, 3);
+    EXPECT_EQ(battle->world->format->palette, nullptr);
+}
+
+TEST_F(GameHandlerTest, deletesItsObjectsInOrder) {
+    std::vector<int> deletions;
+    battle->objects.insert(battle->objects.begin(),
+                           new Probe(nullptr, [&] { deletions.push_back(1); }));
+    battle->objects.push_back(new Probe(nullptr, [&] { deletions.push_back(2); }));
+    battle->objects.push_back(new Probe(nullptr, [&] { deletions.push_back(3); }));
+    battle.reset();
+    EXPECT_THAT(deletions, testing::ElementsAre(1, 2, 3));
+}
+
+TEST_F(GameHandlerTest, deletesTheRestBehindAMissingObject) {
+    int deletions = 0;
+    battle->objects.insert(battle->objects.begin(), nullptr);
+    battle->objects.push_back(new Probe(nullptr, [&] { ++deletions; }));
+    battle.reset();
+    EXPECT_EQ(deletions, 1);
+}
+
+TEST_F(GameHandlerTest, freesTheWorld) {
+    EXPECT_TRUE(isFreedBy(battle->world, [this] { battle.reset(); }));
+}
+
+TEST_F(GameHandlerTest, freesTheBackground) {
+    EXPECT_TRUE(isFreedBy(battle->background, [this] { battle.reset(); }));
+}
+
+TEST_F(GameHandlerTest, leavesThePicturesToThePool) {
+    addBarrier({500, 500, 60, 60});
+    play(1);
+    battle.reset();
+    for (const auto& picture : imagePool) {
+        EXPECT_EQ(picture.second->refcount, 1) << picture.first;
+    }
+}
+
+TEST_F(GameHandlerTest, leavesARequestedModeAloneWhenDeleted) {
+    SDL_Event event = keyDown(SDLK_ESCAPE);
+    battle->event(&event);
+    battle.reset();
+    EXPECT_NE(dynamic_cast<MainMenu*>(newProgramMode), nullptr);
 }
 
 } // namespace

@@ -1,0 +1,369 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "bullet.h"
+
+#include <memory>
+
+#include "duel.h"
+#include "gameover.h"
+#include "main.h"
+#include "pictures.h"
+#include "rects.h"
+
+namespace {
+
+class BulletTest : public DuelTest {
+protected:
+    // One frame of a cannonball alone, on a world of plain water.
+    void fly(Bullet* ball) {
+        fillAll(battle->world, waterColour);
+        ball->update(battle->world);
+    }
+};
+
+TEST_F(BulletTest, startsAtRest) {
+    for (const int playerId : {1, 2}) {
+        SCOPED_TRACE(playerId);
+        const Bullet fresh(battle.get(), playerId);
+        EXPECT_EQ(fresh.handler, battle.get());
+        EXPECT_EQ(fresh.playerId, playerId);
+        EXPECT_FALSE(fresh.visible);
+        EXPECT_EQ(fresh.size.w, 20);
+        EXPECT_EQ(fresh.size.h, 20);
+        EXPECT_THAT(fresh.pos, isRect(0, 0, 20, 20));
+        EXPECT_THAT(fresh.velocity, isRect(0, 0, 0, 0));
+    }
+}
+
+TEST_F(BulletTest, isBuiltBeforeTheShips) {
+    battle->ship1 = nullptr;
+    battle->ship2 = nullptr;
+    const Bullet fresh(battle.get(), 1);
+    EXPECT_FALSE(fresh.visible);
+}
+
+TEST_F(BulletTest, isAsFastAsTheTypeOfTheShip) {
+    EXPECT_EQ(Bullet(battle.get(), 1).type, 0);
+    EXPECT_EQ(Bullet(battle.get(), 1).speed, 6);
+    EXPECT_EQ(Bullet(battle.get(), 2).type, 1);
+    EXPECT_EQ(Bullet(battle.get(), 2).speed, 7);
+    battle->shipType1 = 1;
+    battle->shipType2 = 0;
+    EXPECT_EQ(Bullet(battle.get(), 1).type, 1);
+    EXPECT_EQ(Bullet(battle.get(), 1).speed, 7);
+    EXPECT_EQ(Bullet(battle.get(), 2).type, 0);
+    EXPECT_EQ(Bullet(battle.get(), 2).speed, 6);
+}
+
+TEST_F(BulletTest, takesEveryOtherPlayerForPlayer2) {
+    Bullet fresh(battle.get(), 3);
+    fresh.shipsWereInitialized();
+    EXPECT_EQ(fresh.type, 1);
+    EXPECT_EQ(fresh.myPlayerShip, ship2);
+    EXPECT_EQ(fresh.otherPlayerShip, ship1);
+}
+
+TEST_F(BulletTest, learnsItsShipAndItsTarget) {
+    Bullet first(battle.get(), 1);
+    first.shipsWereInitialized();
+    EXPECT_EQ(first.myPlayerShip, ship1);
+    EXPECT_EQ(first.otherPlayerShip, ship2);
+    Bullet second(battle.get(), 2);
+    second.shipsWereInitialized();
+    EXPECT_EQ(second.myPlayerShip, ship2);
+    EXPECT_EQ(second.otherPlayerShip, ship1);
+}
+
+TEST_F(BulletTest, takesOnlyPlacesAndStepsWhenLaunched) {
+    ball1->velocity = {0, 0, 8, 9};
+    ball1->show({300, 400, 1, 2}, {-3, 5, 6, 7});
+    EXPECT_THAT(ball1->pos, isRect(300, 400, 20, 20));
+    EXPECT_THAT(ball1->velocity, isRect(-3, 5, 8, 9));
+    EXPECT_TRUE(ball1->visible);
+}
+
+TEST_F(BulletTest, takesTheSizeOfTheBallWhenLaunched) {
+    ball1->size = {0, 0, 31, 32};
+    ball1->show({300, 400, 1, 2}, {0, 0, 0, 0});
+    EXPECT_THAT(ball1->pos, isRect(300, 400, 31, 32));
+}
+
+TEST_F(BulletTest, restartsInFlight) {
+    ball1->show({300, 400, 20, 20}, {6, 0, 0, 0});
+    fly(ball1);
+    ball1->show({700, 800, 20, 20}, {0, -6, 0, 0});
+    EXPECT_TRUE(ball1->visible);
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isAt(700, 794));
+}
+
+TEST_F(BulletTest, testsNothingWhenLaunched) {
+    ball1->show({1040, 1040, 20, 20}, {0, 0, 0, 0});
+    EXPECT_EQ(ship2->hp, 50);
+    ball1->show({-100, 5000, 20, 20}, {0, 0, 0, 0});
+    EXPECT_TRUE(ball1->visible);
+}
+
+TEST_F(BulletTest, neitherMovesNorHitsNorShowsAtRest) {
+    ball1->pos = {1040, 1040, 20, 20};
+    ball1->velocity = {1, 1, 0, 0};
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isRect(1040, 1040, 20, 20));
+    EXPECT_EQ(ship2->hp, 50);
+    EXPECT_FALSE(ball1->visible);
+    EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300);
+}
+
+TEST_F(BulletTest, fliesStraightByTheSameStepsForEver) {
+    ball1->show({300, 400, 20, 20}, {5, -3, 0, 0});
+    for (int frame = 1; frame <= 20; ++frame) {
+        fly(ball1);
+        EXPECT_THAT(ball1->pos, isAt(300 + 5 * frame, 400 - 3 * frame));
+    }
+    EXPECT_THAT(ball1->velocity, isAt(5, -3));
+    EXPECT_TRUE(ball1->visible);
+}
+
+TEST_F(BulletTest, staysWhereItIsWithoutAStep) {
+    ball1->show({300, 400, 20, 20}, {0, 0, 0, 0});
+    fly(ball1);
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isAt(300, 400));
+    EXPECT_TRUE(ball1->visible);
+}
+
+TEST_F(BulletTest, drawsItsPictureWhereItHasMovedTo) {
+    ball1->show({300, 400, 20, 20}, {5, -3, 0, 0});
+    fly(ball1);
+    EXPECT_EQ(firstOther(battle->world, {305, 397, 20, 20}, ballColour), "");
+    EXPECT_EQ(countOf(battle->world, ballColour), 20 * 20);
+}
+
+TEST_F(BulletTest, letsTheWaterShowThroughItsPicture) {
+    fill(imagePool["cball.png"], {0, 0, 10, 20}, {250, 240, 0, 0});
+    fill(imagePool["cball.png"], {5, 0, 5, 20}, {210, 100, 40, 128});
+    ball1->show({300, 400, 20, 20}, {0, 0, 0, 0});
+    fly(ball1);
+    EXPECT_EQ(pixel(battle->world, 302, 410), waterColour);
+    EXPECT_THAT(pixel(battle->world, 307, 410), isNear(Colour{110, 60, 120}, 2));
+    EXPECT_EQ(pixel(battle->world, 315, 410), ballColour);
+}
+
+// A flight of one frame near the border of the world.
+struct Border {
+    const char* what;
+    SDL_Rect from;
+    SDL_Rect step;
+    bool staysInFlight;
+};
+
+const Border borders[] = {
+    {"to the left column", {6, 600, 20, 20}, {-6, 0, 0, 0}, true},
+    {"past the left column", {5, 600, 20, 20}, {-6, 0, 0, 0}, false},
+    {"to the top row", {600, 6, 20, 20}, {0, -6, 0, 0}, true},
+    {"past the top row", {600, 5, 20, 20}, {0, -6, 0, 0}, false},
+    {"to the right column", {1293, 600, 20, 20}, {6, 0, 0, 0}, true},
+    {"past the right column", {1294, 600, 20, 20}, {6, 0, 0, 0}, false},
+    {"to the bottom row", {600, 1293, 20, 20}, {0, 6, 0, 0}, true},
+    {"past the bottom row", {600, 1294, 20, 20}, {0, 6, 0, 0}, false},
+    {"to the last corner", {1290, 1290, 20, 20}, {9, 9, 0, 0}, true},
+    {"past the last corner", {1290, 1290, 20, 20}, {9, 10, 0, 0}, false},
+};
+
+TEST_F(BulletTest, restsWhenItsCornerLeavesTheWorld) {
+    for (const Border& border : borders) {
+        SCOPED_TRACE(border.what);
+        ball1->show(border.from, border.step);
+        fly(ball1);
+        EXPECT_EQ(ball1->visible, border.staysInFlight);
+        EXPECT_EQ(countOf(battle->world, ballColour) > 0, border.staysInFlight);
+    }
+}
+
+TEST_F(BulletTest, keepsThePlaceWhereItLeftTheWorld) {
+    ball1->show({1294, 600, 20, 20}, {6, 2, 0, 0});
+    fly(ball1);
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isRect(1300, 602, 20, 20));
+}
+
+TEST_F(BulletTest, leavesTheWorldOfTheBattleWhateverItIsDrawnOnto) {
+    const OwnedSurface canvas(createSurface(100, 100));
+    ball1->show({600, 600, 20, 20}, {0, 0, 0, 0});
+    ball1->update(canvas.get());
+    EXPECT_TRUE(ball1->visible);
+}
+
+TEST_F(BulletTest, isCutAtTheRightAndLowerEdge) {
+    ball1->show({1293, 1291, 20, 20}, {1, 1, 0, 0});
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isRect(1294, 1292, 6, 8));
+    EXPECT_EQ(countOf(battle->world, ballColour), 6 * 8);
+    EXPECT_EQ(firstOther(battle->world, {1294, 1292, 6, 8}, ballColour), "");
+}
+
+TEST_F(BulletTest, hitsTheOtherShip) {
+    ball1->show({1030, 1030, 20, 20}, {6, 0, 0, 0});
+    fly(ball1);
+    EXPECT_EQ(ship2->hp, 45);
+    EXPECT_FALSE(ball1->visible);
+    EXPECT_EQ(ship1->hp, 50);
+    ball2->show({140, 140, 20, 20}, {0, 0, 0, 0});
+    fly(ball2);
+    EXPECT_EQ(ship1->hp, 45);
+    EXPECT_EQ(ship2->hp, 45);
+}
+
+TEST_F(BulletTest, isNotDrawnInTheFrameOfTheHit) {
+    ball1->show({1030, 1030, 20, 20}, {6, 0, 0, 0});
+    fly(ball1);
+    EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300);
+    EXPECT_THAT(ball1->pos, isRect(1036, 1030, 20, 20));
+}
+
+TEST_F(BulletTest, hitsOncePerFlight) {
+    ball1->show({1030, 1030, 20, 20}, {1, 0, 0, 0});
+    for (int frame = 0; frame < 10; ++frame) {
+        fly(ball1);
+    }
+    EXPECT_EQ(ship2->hp, 45);
+    EXPECT_THAT(ball1->pos, isAt(1031, 1030));
+}
+
+TEST_F(BulletTest, hitsTheHitBoxAndNotTheWholeShip) {
+    // Heading left, the ship is hit between y 1030 and 1069.
+    ship2->direction = 4.82;
+    ball1->show({1040, 1009, 20, 20}, {0, 1, 0, 0});
+    fly(ball1);
+    EXPECT_TRUE(ball1->visible) << "touches only";
+    fly(ball1);
+    EXPECT_FALSE(ball1->visible);
+    EXPECT_EQ(ship2->hp, 45);
+}
+
+TEST_F(BulletTest, leavesTheWorldBeforeItCanHit) {
+    place(ship2, 0, 600, headingLeft);
+    ball1->show({5, 640, 20, 20}, {-6, 0, 0, 0});
+    fly(ball1);
+    EXPECT_FALSE(ball1->visible);
+    EXPECT_EQ(ship2->hp, 50);
+}
+
+TEST_F(BulletTest, passesOverItsOwnShip) {
+    ball1->show({140, 100, 20, 20}, {0, 6, 0, 0});
+    for (int frame = 0; frame < 20; ++frame) {
+        fly(ball1);
+    }
+    EXPECT_EQ(ship1->hp, 50);
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isAt(140, 220));
+}
+
+TEST_F(BulletTest, fliesOverBarriers) {
+    addBarrier({400, 400, 100, 100});
+    ball1->show({380, 440, 20, 20}, {6, 0, 0, 0});
+    play(10);
+    EXPECT_THAT(ball1->pos, isRect(440, 440, 20, 20));
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_EQ(firstOther(battle->world, {440, 440, 20, 20}, ballColour), "");
+    EXPECT_EQ(pixel(battle->world, 439, 450), barrierColours[0]);
+}
+
+TEST_F(BulletTest, fliesOverTheOtherCannonball) {
+    ball1->show({400, 400, 20, 20}, {6, 0, 0, 0});
+    ball2->show({460, 400, 20, 20}, {-6, 0, 0, 0});
+    play(10);
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_TRUE(ball2->visible);
+    EXPECT_THAT(ball1->pos, isAt(460, 400));
+    EXPECT_THAT(ball2->pos, isAt(400, 400));
+}
+
+TEST_F(BulletTest, hitsWithTheSizeOfTheBallInTheFirstFrame) {
+    replacePicture("cball.png", 60, 40, ballColour);
+    ship2->direction = 4.82; // hit from x 1000 and between y 1030 and 1069
+    ball1->show({975, 1040, 0, 0}, {4, 0, 0, 0});
+    fly(ball1);
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isRect(979, 1040, 60, 40));
+}
+
+TEST_F(BulletTest, hitsWithTheSizeOfItsPictureFromTheSecondFrame) {
+    replacePicture("cball.png", 60, 40, ballColour);
+    ship2->direction = 4.82;
+    ball1->show({930, 1040, 0, 0}, {6, 0, 0, 0});
+    fly(ball1);
+    EXPECT_TRUE(ball1->visible);
+    fly(ball1);
+    EXPECT_FALSE(ball1->visible) << "at x 942 the picture reaches to x 1001";
+    EXPECT_EQ(ship2->hp, 45);
+}
+
+TEST_F(BulletTest, missesWithASmallPictureWhatTheBallWouldHit) {
+    replacePicture("cball.png", 4, 4, ballColour);
+    ship2->direction = 4.82;
+    ball1->show({970, 1040, 0, 0}, {6, 0, 0, 0});
+    for (int frame = 0; frame < 4; ++frame) {
+        fly(ball1);
+    }
+    EXPECT_TRUE(ball1->visible) << "at x 994 the picture reaches to x 997";
+    fly(ball1);
+    EXPECT_FALSE(ball1->visible);
+}
+
+TEST_F(BulletTest, missesWithThePartThatWasCut) {
+    place(ship2, 1000, 1200, 4.82); // hit between y 1230 and 1269
+    ball1->show({1040, 1295, 0, 0}, {0, 0, 0, 0});
+    fly(ball1);
+    EXPECT_THAT(ball1->pos, isRect(1040, 1295, 20, 5));
+    ball1->velocity = {0, -70, 0, 0};
+    fly(ball1);
+    EXPECT_TRUE(ball1->visible) << "at y 1225 the part drawn before reaches to y 1229";
+    EXPECT_EQ(ship2->hp, 50);
+    EXPECT_THAT(ball1->pos, isRect(1040, 1225, 20, 20));
+    ball1->velocity = {0, 0, 0, 0};
+    fly(ball1);
+    EXPECT_FALSE(ball1->visible) << "drawn whole, it reaches to y 1244";
+}
+
+TEST_F(BulletTest, hasTheSizeOfTheBallAgainWhenLaunchedAnew) {
+    ball1->show({1295, 1295, 0, 0}, {0, 0, 0, 0});
+    fly(ball1);
+    ball1->show({600, 600, 0, 0}, {0, 0, 0, 0});
+    EXPECT_THAT(ball1->pos, isRect(600, 600, 20, 20));
+}
+
+TEST_F(BulletTest, sinksTheOtherShipWithItsLastHitPoints) {
+    ship2->hp = 5;
+    ball1->show({1040, 1040, 20, 20}, {0, 0, 0, 0});
+    fly(ball1);
+    EXPECT_EQ(ship2->hp, 0);
+    const auto* gameOver = dynamic_cast<GameOver*>(newProgramMode);
+    ASSERT_NE(gameOver, nullptr);
+    EXPECT_EQ(gameOver->defeatedPlayer, 2);
+}
+
+TEST_F(BulletTest, needsTenHitsToSinkAShip) {
+    for (int hit = 1; hit <= 10; ++hit) {
+        EXPECT_EQ(newProgramMode, nullptr) << hit;
+        ball2->show({140, 140, 20, 20}, {0, 0, 0, 0});
+        fly(ball2);
+    }
+    EXPECT_NE(newProgramMode, nullptr);
+    EXPECT_EQ(ship1->hp, 0);
+}
+
+TEST_F(BulletTest, leavesItsPictureInThePool) {
+    SDL_Surface* picture = imagePool["cball.png"];
+    {
+        Bullet fresh(battle.get(), 1);
+        fresh.shipsWereInitialized();
+        fresh.show({500, 500, 20, 20}, {0, 0, 0, 0});
+        fly(&fresh);
+    }
+    EXPECT_EQ(picture->refcount, 1);
+    EXPECT_EQ(pixel(picture, 19, 19), ballColour);
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "duel.h"
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+#include "keyboard.h"
+#include "main.h"
+#include "programmode.h"
+
+int drawsSince(unsigned seed) {
+    const long next = random();
+    srandom(seed);
+    int draws = 0;
+    while (random() != next) {
+        ++draws;
+    }
+    srandom(seed);
+    for (int i = 0; i < draws; ++i) {
+        random();
+    }
+    return draws;
+}
+
+Probe::Probe(std::function<void(SDL_Surface*)> whatAtUpdate, std::function<void()> whatAtDeletion)
+    : atUpdate(std::move(whatAtUpdate)), atDeletion(std::move(whatAtDeletion)) {}
+
+Probe::~Probe() {
+    if (atDeletion) {
+        atDeletion();
+    }
+}
+
+void Probe::update(SDL_Surface* where) {
+    if (atUpdate) {
+        atUpdate(where);
+    }
+}
+
+void DuelTest::SetUp() {
+    BattleTest::SetUp();
+    battle = std::make_unique<GameHandler>();
+    for (Barrier* barrier : battle->barriers) {
+        delete barrier;
+    }
+    battle->barriers.clear();
+    battle->objects = {battle->bullet1, battle->bullet2, battle->ship1, battle->ship2};
+    ship1 = battle->ship1;
+    ship2 = battle->ship2;
+    ball1 = battle->bullet1;
+    ball2 = battle->bullet2;
+    place(ship1, 100, 100);
+    place(ship2, 1000, 1000);
+}
+
+void DuelTest::TearDown() {
+    battle.reset();
+    for (int key = 0; key < SDLK_LAST; ++key) {
+        letGo(static_cast<SDLKey>(key));
+    }
+    Keyboard::releaseKeys();
+    BattleTest::TearDown();
+}
+
+Barrier* DuelTest::addBarrier(SDL_Rect rect, Colour colour) {
+    // Built clear of all others, whatever the test has put where.
+    std::vector<Barrier*> others;
+    others.swap(battle->barriers);
+    auto* barrier = new Barrier(battle.get(), 2);
+    barrier->rect = rect;
+    barrier->image =
+        addPicture("barrier " + std::to_string(imagePool.size()), rect.w, rect.h, colour);
+    others.push_back(barrier);
+    battle->barriers = others;
+    battle->objects.insert(battle->objects.begin(), barrier);
+    return barrier;
+}
+
+void DuelTest::hold(SDLKey key) {
+    SDL_Event event = keyDown(key);
+    Keyboard::keyPress(&event);
+}
+
+void DuelTest::letGo(SDLKey key) {
+    SDL_Event event = keyUp(key);
+    Keyboard::keyRelease(&event);
+}
+
+void DuelTest::play(int frames) {
+    for (int i = 0; i < frames; ++i) {
+        battle->update();
+        Keyboard::releaseKeys();
+    }
+}
+
+PlayerShip* DuelTest::ship(int playerId) {
+    return playerId == 1 ? ship1 : ship2;
+}
+
+Bullet* DuelTest::ball(int playerId) {
+    return playerId == 1 ? ball1 : ball2;
+}
+
+void place(PlayerShip* ship, int x, int y, double direction, double velocity) {
+    ship->rect.x = static_cast<Sint16>(x);
+    ship->rect.y = static_cast<Sint16>(y);
+    ship->direction = direction;
+    ship->velocity = velocity;
+}

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "barrier.h"
+#include "battle.h"
+#include "bullet.h"
+#include "gamehandler.h"
+#include "gameobject.h"
+#include "playership.h"
+
+const double headingDown = 0;
+const double headingRight = 1.5707963267948966;
+const double headingUp = 3.141592653589793;
+const double headingLeft = 4.71238898038469;
+const double headingDownRight = 0.7853981633974483;
+const double headingUpLeft = 3.9269908169872414;
+
+// The number of draws from the random generator since it was seeded. Leaves the generator at
+// the same place of its sequence.
+int drawsSince(unsigned seed);
+
+// An object of a battle that does what a test wants to see done at its turn.
+class Probe : public GameObject {
+public:
+    explicit Probe(std::function<void(SDL_Surface*)> whatAtUpdate,
+                   std::function<void()> whatAtDeletion = nullptr);
+    ~Probe() override;
+    Probe(const Probe&) = delete;
+    Probe& operator=(const Probe&) = delete;
+
+    void update(SDL_Surface* where) override;
+
+    std::function<void(SDL_Surface*)> atUpdate;
+    std::function<void()> atDeletion;
+};
+
+// Tests with a battle on an open sea: there are no barriers but those that a test puts there, and
+// both ships lie at rest and head down, ship 1 at 100, 100 and ship 2 at 1000, 1000. Objects:
+// cannonball 1, cannonball 2, ship 1, ship 2.
+class DuelTest : public BattleTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Puts a barrier of that place and size, with a picture of its own, in front of all objects.
+    Barrier* addBarrier(SDL_Rect place, Colour colour = barrierColours[0]);
+
+    // Gives the key table the events of a key.
+    void hold(SDLKey key);
+    void letGo(SDLKey key);
+
+    // Plays frames as the program does, with the keys released during each going up after it.
+    void play(int frames);
+
+    PlayerShip* ship(int playerId);
+    Bullet* ball(int playerId);
+
+    std::unique_ptr<GameHandler> battle;
+    PlayerShip* ship1;
+    PlayerShip* ship2;
+    Bullet* ball1;
+    Bullet* ball2;
+};
+
+// Puts a ship somewhere.
+void place(PlayerShip* ship, int x, int y, double direction = headingDown, double velocity = 0);

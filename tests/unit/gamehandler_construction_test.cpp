@@ -1,0 +1,313 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "gamehandler.h"
+
+#include <cstdlib>
+
+#include "barrier.h"
+#include "bullet.h"
+#include "duel.h"
+#include "main.h"
+#include "music.h"
+#include "pictures.h"
+#include "playership.h"
+#include "rects.h"
+
+namespace {
+
+class GameHandlerConstructionTest : public BattleTest {
+protected:
+    void TearDown() override {
+        Music::play(0);
+        haveSound = false;
+        BattleTest::TearDown();
+    }
+};
+
+TEST_F(GameHandlerConstructionTest, buildsBarriersThenCannonballsThenShips) {
+    GameHandler battle;
+    ASSERT_EQ(battle.objects.size(), 17U);
+    const int types[] = {0, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 2};
+    for (size_t i = 0; i < 13; ++i) {
+        SCOPED_TRACE(i);
+        const auto* barrier = dynamic_cast<Barrier*>(battle.objects[i]);
+        ASSERT_NE(barrier, nullptr);
+        EXPECT_EQ(barrier->type, types[i]);
+        EXPECT_EQ(barrier->handler, &battle);
+    }
+    EXPECT_EQ(battle.objects[13], battle.bullet1);
+    EXPECT_EQ(battle.objects[14], battle.bullet2);
+    EXPECT_EQ(battle.objects[15], battle.ship1);
+    EXPECT_EQ(battle.objects[16], battle.ship2);
+}
+
+TEST_F(GameHandlerConstructionTest, listsTheThirteenBarriersInTheOrderOfTheObjects) {
+    GameHandler battle;
+    ASSERT_EQ(battle.barriers.size(), 13U);
+    for (size_t i = 0; i < 13; ++i) {
+        EXPECT_EQ(battle.barriers[i], battle.objects[i]) << i;
+    }
+}
+
+TEST_F(GameHandlerConstructionTest, givesEachPlayerAShipAndACannonball) {
+    GameHandler battle;
+    EXPECT_EQ(battle.ship1->playerId, 1);
+    EXPECT_EQ(battle.ship2->playerId, 2);
+    EXPECT_EQ(battle.bullet1->playerId, 1);
+    EXPECT_EQ(battle.bullet2->playerId, 2);
+    EXPECT_EQ(battle.ship1->handler, &battle);
+    EXPECT_EQ(battle.bullet2->handler, &battle);
+}
+
+TEST_F(GameHandlerConstructionTest, tellsTheCannonballsTheirShips) {
+    GameHandler battle;
+    EXPECT_EQ(battle.bullet1->myPlayerShip, battle.ship1);
+    EXPECT_EQ(battle.bullet1->otherPlayerShip, battle.ship2);
+    EXPECT_EQ(battle.bullet2->myPlayerShip, battle.ship2);
+    EXPECT_EQ(battle.bullet2->otherPlayerShip, battle.ship1);
+}
+
+TEST_F(GameHandlerConstructionTest, makesPlayer2sCannonballTheFasterOne) {
+    GameHandler battle;
+    EXPECT_EQ(battle.shipType1, 0);
+    EXPECT_EQ(battle.shipType2, 1);
+    EXPECT_EQ(battle.bullet1->speed, 6);
+    EXPECT_EQ(battle.bullet2->speed, 7);
+}
+
+TEST_F(GameHandlerConstructionTest, measuresTheViewports) {
+    GameHandler battle;
+    EXPECT_THAT(battle.viewportSize, isRect(0, 0, 390, 490));
+    EXPECT_THAT(battle.viewport1Pos, isAt(5, 5));
+    EXPECT_THAT(battle.viewport2Pos, isAt(405, 5));
+}
+
+TEST_F(GameHandlerConstructionTest, makesAWorldOf1300PixelsInTheFormatOfTheDisplay) {
+    GameHandler battle;
+    for (const SDL_Surface* surface : {battle.world, battle.background}) {
+        EXPECT_EQ(surface->w, 1300);
+        EXPECT_EQ(surface->h, 1300);
+        EXPECT_EQ(surface->format->BitsPerPixel, 32);
+        EXPECT_EQ(surface->format->Rmask, screen->format->Rmask);
+        EXPECT_EQ(surface->format->Gmask, screen->format->Gmask);
+        EXPECT_EQ(surface->format->Bmask, screen->format->Bmask);
+        EXPECT_EQ(surface->format->Amask, 0U);
+    }
+    EXPECT_NE(battle.world, battle.background);
+}
+
+TEST_F(GameHandlerConstructionTest, leavesTheDisplayAlone) {
+    fillAll(screen, red);
+    GameHandler battle;
+    EXPECT_EQ(firstOther(screen, {0, 0, 800, 600}, red), "");
+}
+
+struct Place {
+    int x;
+    int y;
+};
+
+// What a seed of the random generator makes of a battle, and with how many draws.
+struct Layout {
+    unsigned seed;
+    int draws;
+    Place barriers[13];
+    double heading1;
+    Place ship1;
+    double heading2;
+    Place ship2;
+};
+
+// clang-format off
+const Layout layouts[] = {
+    // Every place is free at once.
+    {3, 33, {{265, 728}, {510, 225}, {310, 72}, {946, 1}, {184, 578}, {204, 33}, {939, 562},
+             {681, 144}, {455, 481}, {855, 1075}, {942, 838}, {698, 633}, {847, 925}},
+     3.4, {100, 300}, 2.8, {500, 700}},
+    // Two barriers and a ship find their places taken; ship 2 moves out of ship 1's row.
+    {1, 41, {{286, 457}, {745, 593}, {1015, 586}, {822, 249}, {301, 122}, {1067, 1170}, {99, 123},
+             {966, 60}, {1216, 11}, {528, 447}, {989, 462}, {763, 107}, {495, 849}},
+     0.4, {400, 300}, 2.6, {300, 200}},
+    // Four barriers and two ships find their places taken.
+    {4, 45, {{203, 34}, {1106, 163}, {337, 825}, {1093, 1028}, {644, 603}, {414, 1182}, {661, 721},
+             {469, 237}, {244, 448}, {722, 1160}, {60, 870}, {253, 744}, {56, 19}},
+     3.8, {400, 700}, 3.2, {600, 200}},
+    // Ship 2 moves out of ship 1's column.
+    {22, 41, {{938, 626}, {21, 348}, {271, 353}, {592, 887}, {1165, 1164}, {315, 39}, {227, 884},
+              {415, 845}, {562, 589}, {509, 278}, {1060, 43}, {19, 251}, {253, 1135}},
+     2.2, {700, 200}, 2.8, {100, 100}},
+    // Ship 2, drawn at 500, 400, moves out of ship 1's row and lands there again.
+    {20, 41, {{378, 1057}, {159, 296}, {931, 862}, {821, 40}, {1041, 150}, {1044, 687}, {489, 584},
+              {1169, 45}, {167, 59}, {699, 1065}, {456, 161}, {1173, 800}, {1204, 237}},
+     1.2, {600, 400}, 1.4, {500, 400}},
+};
+// clang-format on
+
+TEST_F(GameHandlerConstructionTest, drawsThePlacesInTheOrderOfBuilding) {
+    for (const Layout& layout : layouts) {
+        SCOPED_TRACE(layout.seed);
+        srandom(layout.seed);
+        const GameHandler battle;
+        EXPECT_EQ(drawsSince(layout.seed), layout.draws);
+        for (size_t i = 0; i < 13; ++i) {
+            const Place& place = layout.barriers[i];
+            EXPECT_THAT(battle.barriers[i]->rect, isAt(place.x, place.y)) << "barrier " << i;
+        }
+        EXPECT_DOUBLE_EQ(battle.ship1->direction, layout.heading1);
+        EXPECT_THAT(battle.ship1->rect, isRect(layout.ship1.x, layout.ship1.y, 100, 100));
+        EXPECT_DOUBLE_EQ(battle.ship2->direction, layout.heading2);
+        EXPECT_THAT(battle.ship2->rect, isRect(layout.ship2.x, layout.ship2.y, 100, 100));
+    }
+}
+
+TEST_F(GameHandlerConstructionTest, choosesTheTrackByTheFirstDraw) {
+    haveSound = true;
+    const int tracks[] = {3, 2, 2, 3, 3};
+    for (unsigned seed = 1; seed <= 5; ++seed) {
+        SCOPED_TRACE(seed);
+        Music::play(0);
+        srandom(seed);
+        const GameHandler battle;
+        EXPECT_EQ(Music::current(), tracks[seed - 1]);
+    }
+}
+
+TEST_F(GameHandlerConstructionTest, drawsForTheTrackWithoutSoundToo) {
+    srandom(3);
+    const GameHandler silentBattle;
+    haveSound = true;
+    srandom(3);
+    const GameHandler battle;
+    EXPECT_EQ(drawsSince(3), 33);
+    EXPECT_THAT(battle.barriers[0]->rect, isAt(265, 728));
+    EXPECT_THAT(silentBattle.barriers[0]->rect, isAt(265, 728));
+}
+
+bool overlap(SDL_Rect a, SDL_Rect b) {
+    return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
+}
+
+TEST_F(GameHandlerConstructionTest, keepsBarriersAndShipsApart) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        srandom(seed);
+        const GameHandler battle;
+        for (size_t i = 0; i < 13; ++i) {
+            const SDL_Rect rect = battle.barriers[i]->rect;
+            for (size_t j = 0; j < i; ++j) {
+                EXPECT_FALSE(overlap(rect, battle.barriers[j]->rect)) << i << " and " << j;
+            }
+            EXPECT_FALSE(overlap(rect, battle.ship1->rect)) << i;
+            EXPECT_FALSE(overlap(rect, battle.ship2->rect)) << i;
+        }
+    }
+}
+
+TEST_F(GameHandlerConstructionTest, keepsBarriersOffTheLastColumnAndRow) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        srandom(seed);
+        const GameHandler battle;
+        for (const Barrier* barrier : battle.barriers) {
+            EXPECT_GE(barrier->rect.x, 0);
+            EXPECT_GE(barrier->rect.y, 0);
+            EXPECT_LE(barrier->rect.x + barrier->rect.w, 1299);
+            EXPECT_LE(barrier->rect.y + barrier->rect.h, 1299);
+        }
+    }
+}
+
+// One tile size and what it covers of the sea.
+struct Tiling {
+    int tileWidth;
+    int tileHeight;
+    int waterRows; // the rest stays blue
+};
+
+void PrintTo(const Tiling& tiling, std::ostream* out) {
+    *out << tiling.tileWidth << " x " << tiling.tileHeight;
+}
+
+class GameHandlerTilingTest : public BattleTest, public testing::WithParamInterface<Tiling> {};
+
+TEST_P(GameHandlerTilingTest, laysAsManyRowsAsColumns) {
+    const Tiling& tiling = GetParam();
+    SDL_Surface* tile =
+        replacePicture("voda.png", tiling.tileWidth, tiling.tileHeight, waterColour);
+    fill(tile, {0, 0, 1, 1}, white);
+    const GameHandler battle;
+    int corners = 0;
+    for (int x = 0; x < 1300; x += tiling.tileWidth) {
+        for (int y = 0; y < tiling.waterRows; y += tiling.tileHeight) {
+            EXPECT_EQ(pixel(battle.background, x, y), white) << x << ", " << y;
+            ++corners;
+        }
+    }
+    EXPECT_EQ(countOf(battle.background, white), corners);
+    EXPECT_EQ(countOf(battle.background, waterColour), 1300 * tiling.waterRows - corners);
+    EXPECT_EQ(countOf(battle.background, blue), 1300 * (1300 - tiling.waterRows));
+    const int blueRows = 1300 - tiling.waterRows;
+    EXPECT_EQ(
+        firstOther(battle.background,
+                   {0, static_cast<Sint16>(tiling.waterRows), 1300, static_cast<Uint16>(blueRows)},
+                   blue),
+        "");
+}
+
+const Tiling tilings[] = {
+    {325, 325, 1300},   // four fit exactly
+    {325, 100, 500},    // flat: five rows
+    {100, 325, 1300},   // tall
+    {64, 64, 1300},     // cut at the right and at the bottom
+    {299, 211, 1055},   // odd, flat: five rows
+    {37, 53, 1300},     // odd, tall
+    {325, 259, 1295},   // just too flat
+    {325, 260, 1300},   // just tall enough
+    {1300, 1300, 1300}, // one fits exactly
+    {1300, 400, 800},   // one column, two rows
+    {1299, 1299, 1300}, // one pixel is left over
+    {1301, 1301, 1300}, // a little larger than the world
+    {1301, 200, 200},   // wider than the world: one row
+    {2000, 1700, 1300}, // much larger than the world
+    {650, 1, 3},        // three rows of a pixel
+};
+
+std::string tilingName(const testing::TestParamInfo<Tiling>& info) {
+    return std::to_string(info.param.tileWidth) + "x" + std::to_string(info.param.tileHeight);
+}
+
+INSTANTIATE_TEST_SUITE_P(tiles, GameHandlerTilingTest, testing::ValuesIn(tilings), tilingName);
+
+TEST_F(GameHandlerConstructionTest, cutsTilesAtTheirRightAndLowerEdge) {
+    SDL_Surface* tile = replacePicture("voda.png", 1000, 1000, waterColour);
+    fill(tile, {299, 0, 1, 1000}, white);
+    fill(tile, {0, 299, 1000, 1}, white);
+    fill(tile, {300, 0, 1, 299}, red);
+    const GameHandler battle;
+    EXPECT_EQ(pixel(battle.background, 1298, 1298), waterColour);
+    EXPECT_EQ(firstOther(battle.background, {1299, 0, 1, 299}, white), "");
+    EXPECT_EQ(firstOther(battle.background, {1000, 1299, 300, 1}, white), "");
+    EXPECT_EQ(countOf(battle.background, red), 2 * 299);
+}
+
+TEST_F(GameHandlerConstructionTest, showsBlueThroughAHoleInTheWater) {
+    SDL_Surface* tile = imagePool["voda.png"];
+    fill(tile, {10, 20, 5, 4}, {255, 0, 255, 0});
+    const GameHandler battle;
+    EXPECT_EQ(countOf(battle.background, blue), 16 * 20);
+    EXPECT_EQ(firstOther(battle.background, {985, 995, 5, 4}, blue), "");
+}
+
+TEST_F(GameHandlerConstructionTest, placesShipsOnTheGridOfTheUpperLeftOnly) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        srandom(seed);
+        const GameHandler battle;
+        const int places[] = {battle.ship1->rect.x, battle.ship1->rect.y, battle.ship2->rect.x,
+                              battle.ship2->rect.y};
+        EXPECT_THAT(places, testing::Each(testing::AnyOf(100, 200, 300, 400, 500, 600, 700)));
+    }
+}
+
+} // namespace

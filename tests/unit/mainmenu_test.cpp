@@ -1,0 +1,768 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "mainmenu.h"
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+#include "credits.h"
+#include "flips.h"
+#include "gamehandler.h"
+#include "helpscreen.h"
+#include "keyboard.h"
+#include "main.h"
+#include "mainmenubutton.h"
+#include "menu.h"
+#include "music.h"
+#include "pictures.h"
+
+namespace {
+
+const int noFocus = -1;
+
+class MainMenuTest : public MenuTest {
+protected:
+    template <typename Mode> bool requests() {
+        return dynamic_cast<Mode*>(newProgramMode) != nullptr;
+    }
+
+    void forgetRequest() {
+        delete newProgramMode;
+        newProgramMode = nullptr;
+    }
+
+    void focusAndClick(int id) {
+        menu->focusedButton = id;
+        send(mouseUp(SDL_BUTTON_LEFT));
+    }
+
+    int focusAfter(int x, int y) {
+        send(mouseMotion(x, y));
+        return menu->focusedButton;
+    }
+
+    // An event that must change nothing, whichever button has the focus.
+    void expectIgnored(SDL_Event event) {
+        for (int focus = noFocus; focus < 4; ++focus) {
+            SCOPED_TRACE(focus);
+            menu->focusedButton = focus;
+            const FlipWatch watch;
+            send(event);
+            EXPECT_EQ(menu->focusedButton, focus);
+            EXPECT_EQ(newProgramMode, nullptr);
+            EXPECT_TRUE(running);
+            EXPECT_FALSE(menu->waitingToReleaseReturn);
+            EXPECT_EQ(watch.count, 0);
+        }
+    }
+};
+
+TEST_F(MainMenuTest, hasTheTablesOfItsFourButtons) {
+    EXPECT_EQ(MainMenu::numButtons, 4);
+    EXPECT_THAT(MainMenu::buttonTypes, testing::ElementsAre(2, 8, 9, 11, 0, 0, 0, 0));
+    EXPECT_EQ(MainMenu::firstButton.x, 0);
+    EXPECT_EQ(MainMenu::firstButton.y, 0);
+    EXPECT_EQ(MainMenu::firstButton.w, 200);
+    EXPECT_EQ(MainMenu::firstButton.h, 43);
+    EXPECT_EQ(MainMenu::focusModifier.x, 0);
+    EXPECT_EQ(MainMenu::focusModifier.y, 559);
+    EXPECT_EQ(MainMenu::focusModifier.w, 0);
+    EXPECT_EQ(MainMenu::focusModifier.h, 0);
+}
+
+TEST_F(MainMenuTest, startsWithoutFocus) {
+    EXPECT_EQ(menu->focusedButton, noFocus);
+    EXPECT_EQ(menu->getFocusedButton(), noFocus);
+    EXPECT_FALSE(menu->waitingToReleaseReturn);
+}
+
+TEST_F(MainMenuTest, ownsFourButtonsInOrder) {
+    ASSERT_EQ(menu->buttons.size(), 4U);
+    for (int id = 0; id < 4; ++id) {
+        const MainMenuButton& button = *menu->buttons[static_cast<std::size_t>(id)];
+        EXPECT_EQ(button.id, id);
+        EXPECT_EQ(button.menu, menu.get());
+        EXPECT_EQ(button.focusLevel, 0);
+    }
+}
+
+TEST_F(MainMenuTest, hasAPictureOfTheSizeOfTheDisplay) {
+    EXPECT_EQ(menu->menuImage->w, 800);
+    EXPECT_EQ(menu->menuImage->h, 600);
+    EXPECT_EQ(menu->menuImage->format->Amask, 0U);
+}
+
+TEST_F(MainMenuTest, showsNothingUntilItIsActivated) {
+    fillAll(screen, blue);
+    OwnedSurface before = copyOf(screen);
+    const FlipWatch watch;
+    const MainMenu another;
+    EXPECT_EQ(watch.count, 0);
+    EXPECT_EQ(difference(before.get(), screen), "");
+}
+
+TEST_F(MainMenuTest, freesItsPicture) {
+    EXPECT_TRUE(isFreedBy(menu->menuImage, [this] { menu.reset(); }));
+}
+
+TEST_F(MainMenuTest, deletesItsButtons) {
+    EXPECT_TRUE(isFreedBy(menu->buttons[0]->buf, [this] { menu.reset(); }));
+    menu = std::make_unique<MainMenu>();
+    EXPECT_TRUE(isFreedBy(menu->buttons[3]->buf, [this] { menu.reset(); }));
+}
+
+TEST_F(MainMenuTest, keepsThePicturesOfThePool) {
+    menu.reset();
+    EXPECT_EQ(imagePool["logo.png"]->refcount, 1);
+    EXPECT_EQ(imagePool["menu.png"]->refcount, 1);
+    EXPECT_EQ(imagePool["tlacitka.png"]->refcount, 1);
+    EXPECT_EQ(imagePool["pozadie-lode3.png"]->refcount, 1);
+}
+
+TEST_F(MainMenuTest, tellsTheHeightsOfItsLayout) {
+    EXPECT_EQ(MainMenu::getLogoHeight(), 150);
+    EXPECT_EQ(MainMenu::getMenuHeight(), 440);
+    EXPECT_EQ(MainMenu::getAbsoluteMenuYOffset(), 150);
+}
+
+// Drawing.
+
+TEST_F(MainMenuTest, drawsLogoPanelAndButtonsOverTheBackground) {
+    OwnedSurface expected(createSurface(800, 600));
+    fillAll(expected.get(), backgroundColour);
+    fill(expected.get(), {150, 0, 500, 150}, logoColour);
+    fill(expected.get(), {250, 150, 300, 440}, panelColour);
+    fill(expected.get(), {300, 284, 200, 43}, cellColour(2));
+    fill(expected.get(), {300, 327, 200, 43}, cellColour(8));
+    fill(expected.get(), {300, 370, 200, 43}, cellColour(9));
+    fill(expected.get(), {300, 413, 200, 43}, cellColour(11));
+    menu->redraw();
+    EXPECT_EQ(difference(expected.get(), screen), "");
+    EXPECT_EQ(difference(expected.get(), menu->menuImage), "");
+}
+
+TEST_F(MainMenuTest, paintsOverWhateverWasThere) {
+    menu->redraw();
+    OwnedSurface expected = copyOf(screen);
+    fillAll(menu->menuImage, red);
+    fillAll(screen, blue);
+    menu->redraw();
+    EXPECT_EQ(difference(expected.get(), screen), "");
+}
+
+TEST_F(MainMenuTest, drawsTheBackgroundFromTheTopLeftCorner) {
+    SDL_Surface* background = imagePool["pozadie-lode3.png"];
+    fill(background, {0, 0, 1, 1}, red);
+    fill(background, {799, 599, 1, 1}, blue);
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 0, 0), red);
+    EXPECT_EQ(pixel(screen, 799, 599), blue);
+}
+
+TEST_F(MainMenuTest, roundsThePlacesOfOddPicturesDown) {
+    replacePicture("logo.png", 501, 77, logoColour);
+    replacePicture("menu.png", 303, 440, panelColour);
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 148, 0), backgroundColour);
+    EXPECT_EQ(pixel(screen, 149, 0), logoColour);
+    EXPECT_EQ(pixel(screen, 649, 76), logoColour);
+    EXPECT_EQ(pixel(screen, 650, 76), backgroundColour);
+    EXPECT_EQ(pixel(screen, 248, 76), logoColour);
+    EXPECT_EQ(pixel(screen, 247, 77), backgroundColour);
+    EXPECT_EQ(pixel(screen, 248, 77), panelColour);
+    EXPECT_EQ(pixel(screen, 550, 516), panelColour);
+    EXPECT_EQ(pixel(screen, 551, 516), backgroundColour);
+    EXPECT_EQ(pixel(screen, 400, 517), backgroundColour);
+}
+
+TEST_F(MainMenuTest, cutsPicturesWiderThanTheDisplayOnBothSides) {
+    SDL_Surface* logo = replacePicture("logo.png", 901, 150, logoColour);
+    fill(logo, {50, 0, 1, 150}, red); // -101 / 2 is -50
+    SDL_Surface* panel = replacePicture("menu.png", 803, 440, panelColour);
+    fill(panel, {1, 0, 1, 440}, blue); // -3 / 2 is -1
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 0, 10), red);
+    EXPECT_EQ(pixel(screen, 1, 10), logoColour);
+    EXPECT_EQ(pixel(screen, 0, 160), blue);
+    EXPECT_EQ(pixel(screen, 1, 160), panelColour);
+    EXPECT_EQ(pixel(screen, 799, 160), panelColour);
+}
+
+TEST_F(MainMenuTest, showsTheBackgroundThroughClearParts) {
+    fill(imagePool["logo.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
+    fill(imagePool["menu.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 155, 5), backgroundColour);
+    EXPECT_EQ(pixel(screen, 255, 155), backgroundColour);
+}
+
+TEST_F(MainMenuTest, drawsTheButtonsLast) {
+    replacePicture("menu.png", 300, 100, panelColour);
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 400, 113), logoColour);
+    EXPECT_EQ(pixel(screen, 400, 114), cellColour(2)); // the block begins on the logo
+    EXPECT_EQ(pixel(screen, 400, 285), cellColour(11));
+    EXPECT_EQ(pixel(screen, 400, 286), backgroundColour);
+}
+
+TEST_F(MainMenuTest, drawsLowerButtonsOverUpperOnes) {
+    replacePicture("menu.png", 300, 101, panelColour);
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 400, 156), cellColour(2));
+    EXPECT_EQ(pixel(screen, 400, 157), cellColour(8)); // where both have a row
+}
+
+TEST_F(MainMenuTest, drawsEveryButtonAtItsOwnFocusLevel) {
+    menu->buttons[1]->focusLevel = 255;
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
+    EXPECT_EQ(pixel(screen, 400, 340), cellColour(21));
+    EXPECT_EQ(pixel(screen, 400, 380), cellColour(9));
+}
+
+// The colour under a clear highlight is the panel's, not the button's.
+TEST_F(MainMenuTest, showsThePanelThroughAClearHighlight) {
+    fill(imagePool["tlacitka.png"], {0, 645, 200, 43}, {255, 255, 255, 0});
+    menu->buttons[0]->focusLevel = 255;
+    menu->redraw();
+    EXPECT_EQ(pixel(screen, 400, 300), panelColour);
+}
+
+TEST_F(MainMenuTest, flipsTheFinishedPictureOnce) {
+    OwnedSurface flipped;
+    const FlipWatch watch([&flipped] { flipped = copyOf(screen); });
+    menu->redraw();
+    ASSERT_EQ(watch.count, 1);
+    EXPECT_EQ(pixel(flipped.get(), 400, 430), cellColour(11));
+    EXPECT_EQ(difference(flipped.get(), screen), "");
+}
+
+TEST_F(MainMenuTest, showsItsFirstPictureOnActivation) {
+    const FlipWatch watch;
+    menu->activate();
+    EXPECT_EQ(watch.count, 1);
+    EXPECT_EQ(pixel(screen, 0, 0), backgroundColour);
+    EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
+}
+
+// No music is loaded here; the number of the track is kept all the same.
+TEST_F(MainMenuTest, playsTheFirstTrackOnceItsPictureIsShown) {
+    haveSound = true;
+    Music::play(2);
+    int trackAtFlip = 0;
+    const FlipWatch watch([&trackAtFlip] { trackAtFlip = Music::current(); });
+    menu->activate();
+    EXPECT_EQ(trackAtFlip, 2);
+    EXPECT_EQ(Music::current(), 1);
+}
+
+TEST_F(MainMenuTest, leavesTheMusicAloneAfterActivation) {
+    haveSound = true;
+    Music::play(3);
+    menu->update();
+    menu->redraw();
+    EXPECT_EQ(Music::current(), 3);
+}
+
+TEST_F(MainMenuTest, blackensTheDisplayWithoutAFlip) {
+    fillAll(screen, blue);
+    OwnedSurface expected(createSurface(800, 600));
+    const FlipWatch watch;
+    menu->cleanUp();
+    EXPECT_EQ(watch.count, 0);
+    EXPECT_EQ(difference(expected.get(), screen), "");
+}
+
+TEST_F(MainMenuTest, blackensOnlyTheClipRectangle) {
+    fillAll(screen, blue);
+    const SDL_Rect clip = {10, 20, 30, 40};
+    SDL_SetClipRect(screen, &clip);
+    menu->cleanUp();
+    EXPECT_EQ(pixel(screen, 10, 20), black);
+    EXPECT_EQ(pixel(screen, 39, 59), black);
+    EXPECT_EQ(pixel(screen, 9, 20), blue);
+    EXPECT_EQ(pixel(screen, 40, 59), blue);
+    EXPECT_EQ(pixel(screen, 39, 60), blue);
+}
+
+// Frames.
+
+TEST_F(MainMenuTest, flipsOncePerFrame) {
+    const FlipWatch watch;
+    menu->update();
+    EXPECT_EQ(watch.count, 1);
+    menu->update();
+    EXPECT_EQ(watch.count, 2);
+}
+
+TEST_F(MainMenuTest, fadesEveryButtonEveryFrame) {
+    menu->focusedButton = 1;
+    menu->buttons[0]->focusLevel = 255;
+    menu->buttons[3]->focusLevel = 100;
+    menu->update();
+    EXPECT_EQ(menu->buttons[0]->focusLevel, 185);
+    EXPECT_EQ(menu->buttons[1]->focusLevel, 70);
+    EXPECT_EQ(menu->buttons[2]->focusLevel, 0);
+    EXPECT_EQ(menu->buttons[3]->focusLevel, 30);
+}
+
+TEST_F(MainMenuTest, showsTheFadeStepOfTheSameFrame) {
+    menu->buttons[0]->focusLevel = 210;
+    menu->focusedButton = 0;
+    menu->update();
+    EXPECT_EQ(pixel(screen, 400, 300), cellColour(15));
+}
+
+// From (36, 226, 40) to (140, 135, 200) and back.
+TEST_F(MainMenuTest, fadesTheTopButtonInAndOutOnTheDisplay) {
+    const Colour in[] = {{65, 201, 84}, {93, 176, 128}, {122, 151, 172}, {140, 135, 200}};
+    const Colour out[] = {{111, 160, 156}, {83, 185, 112}, {54, 210, 68}, {36, 226, 40}};
+    send(mouseMotion(400, 300));
+    for (const Colour& colour : in) {
+        menu->update();
+        EXPECT_THAT(pixel(screen, 400, 300), isNear(colour, 2));
+    }
+    send(mouseMotion(10, 10));
+    for (const Colour& colour : out) {
+        menu->update();
+        EXPECT_THAT(pixel(screen, 400, 300), isNear(colour, 2));
+    }
+}
+
+TEST_F(MainMenuTest, startsAgainWithoutFocusAndHighlight) {
+    menu->focusedButton = 2;
+    menu->update();
+    menu = std::make_unique<MainMenu>();
+    menu->update();
+    EXPECT_EQ(menu->focusedButton, noFocus);
+    EXPECT_EQ(pixel(screen, 400, 380), cellColour(9));
+}
+
+// Moving the focus by keys and wheel.
+
+TEST_F(MainMenuTest, movesTheFocusDownRoundTheEnd) {
+    for (int focus : {0, 1, 2, 3, 0, 1}) {
+        press(SDLK_DOWN);
+        EXPECT_EQ(menu->getFocusedButton(), focus);
+    }
+}
+
+TEST_F(MainMenuTest, movesTheFocusUpRoundTheEnd) {
+    for (int focus : {3, 2, 1, 0, 3, 2}) {
+        press(SDLK_UP);
+        EXPECT_EQ(menu->getFocusedButton(), focus);
+    }
+}
+
+TEST_F(MainMenuTest, movesTheFocusWithTheWheel) {
+    send(mouseUp(SDL_BUTTON_WHEELDOWN));
+    EXPECT_EQ(menu->focusedButton, 0);
+    send(mouseUp(SDL_BUTTON_WHEELDOWN));
+    EXPECT_EQ(menu->focusedButton, 1);
+    send(mouseUp(SDL_BUTTON_WHEELUP));
+    EXPECT_EQ(menu->focusedButton, 0);
+    send(mouseUp(SDL_BUTTON_WHEELUP));
+    EXPECT_EQ(menu->focusedButton, 3);
+    send(mouseUp(SDL_BUTTON_WHEELDOWN));
+    EXPECT_EQ(menu->focusedButton, 0);
+}
+
+TEST_F(MainMenuTest, focusesTheBottomButtonWhenTheWheelFirstTurnsUp) {
+    send(mouseUp(SDL_BUTTON_WHEELUP));
+    EXPECT_EQ(menu->focusedButton, 3);
+}
+
+TEST_F(MainMenuTest, redrawsAtOnceWhenTheFocusMoves) {
+    fillAll(screen, blue);
+    const FlipWatch watch;
+    menu->up();
+    EXPECT_EQ(watch.count, 1);
+    EXPECT_EQ(pixel(screen, 0, 0), backgroundColour);
+    fillAll(screen, blue);
+    menu->down();
+    EXPECT_EQ(watch.count, 2);
+    EXPECT_EQ(pixel(screen, 0, 0), backgroundColour);
+}
+
+TEST_F(MainMenuTest, waitsForTheFrameWithTheFade) {
+    press(SDLK_DOWN);
+    EXPECT_EQ(menu->buttons[0]->focusLevel, 0);
+    EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
+}
+
+TEST_F(MainMenuTest, startsNothingWhileTheFocusMoves) {
+    for (int i = 0; i < 5; ++i) {
+        press(SDLK_DOWN);
+        press(SDLK_UP);
+        press(SDLK_DOWN);
+        EXPECT_EQ(newProgramMode, nullptr);
+        EXPECT_TRUE(running);
+    }
+}
+
+// The pointer.
+
+TEST_F(MainMenuTest, focusesTheButtonUnderThePointer) {
+    EXPECT_EQ(focusAfter(400, 300), 0);
+    EXPECT_EQ(focusAfter(400, 350), 1);
+    EXPECT_EQ(focusAfter(400, 390), 2);
+    EXPECT_EQ(focusAfter(400, 430), 3);
+}
+
+TEST_F(MainMenuTest, countsTheLeftEdgeOfAButtonButNotTheRightOne) {
+    EXPECT_EQ(focusAfter(299, 300), noFocus);
+    EXPECT_EQ(focusAfter(300, 300), 0);
+    EXPECT_EQ(focusAfter(499, 300), 0);
+    EXPECT_EQ(focusAfter(500, 300), noFocus);
+}
+
+TEST_F(MainMenuTest, countsTheTopEdgeOfTheBlockButNotTheBottomOne) {
+    EXPECT_EQ(focusAfter(400, 283), noFocus);
+    EXPECT_EQ(focusAfter(400, 284), 0);
+    EXPECT_EQ(focusAfter(400, 455), 3);
+    EXPECT_EQ(focusAfter(400, 456), noFocus);
+}
+
+TEST_F(MainMenuTest, givesTheRowWhereButtonsTouchToTheLowerOne) {
+    EXPECT_EQ(focusAfter(400, 326), 0);
+    EXPECT_EQ(focusAfter(400, 327), 1);
+    EXPECT_EQ(focusAfter(400, 369), 1);
+    EXPECT_EQ(focusAfter(400, 370), 2);
+    EXPECT_EQ(focusAfter(400, 412), 2);
+    EXPECT_EQ(focusAfter(400, 413), 3);
+}
+
+TEST_F(MainMenuTest, givesAnOverlapToTheLastButtonHit) {
+    replacePicture("menu.png", 300, 101, panelColour);
+    EXPECT_EQ(focusAfter(400, 156), 0);
+    EXPECT_EQ(focusAfter(400, 157), 1); // the last row of button 0 too
+}
+
+TEST_F(MainMenuTest, losesTheFocusWhenThePointerLeavesTheButtons) {
+    const int outside[][2] = {{0, 0}, {799, 599}, {260, 300}, {540, 430}, {400, 200}, {400, 580}};
+    for (const auto& place : outside) {
+        SCOPED_TRACE(testing::Message() << place[0] << ", " << place[1]);
+        menu->focusedButton = 2;
+        EXPECT_EQ(focusAfter(place[0], place[1]), noFocus);
+    }
+}
+
+TEST_F(MainMenuTest, takesTheFocusFromTheKeysWhenThePointerMoves) {
+    press(SDLK_UP);
+    EXPECT_EQ(focusAfter(400, 300), 0);
+    press(SDLK_DOWN);
+    EXPECT_EQ(menu->focusedButton, 1);
+}
+
+TEST_F(MainMenuTest, leavesTheDisplayToTheNextFrameWhenThePointerMoves) {
+    const FlipWatch watch;
+    send(mouseMotion(400, 300));
+    send(mouseMotion(0, 0));
+    EXPECT_EQ(watch.count, 0);
+}
+
+TEST_F(MainMenuTest, startsNothingWhenThePointerMoves) {
+    for (int y : {300, 350, 390, 430}) {
+        send(mouseMotion(400, y));
+    }
+    EXPECT_EQ(newProgramMode, nullptr);
+    EXPECT_TRUE(running);
+}
+
+// Choosing.
+
+TEST_F(MainMenuTest, onlyFocusesTheTopButtonAtFirst) {
+    const SDL_Event choices[] = {keyDown(SDLK_RETURN), keyDown(SDLK_SPACE),
+                                 mouseUp(SDL_BUTTON_LEFT)};
+    for (const SDL_Event& choice : choices) {
+        SCOPED_TRACE(static_cast<int>(choice.type));
+        menu->focusedButton = noFocus;
+        fillAll(screen, blue);
+        const FlipWatch watch;
+        send(choice);
+        EXPECT_EQ(menu->focusedButton, 0);
+        EXPECT_EQ(watch.count, 1);
+        EXPECT_EQ(pixel(screen, 0, 0), backgroundColour);
+        EXPECT_EQ(newProgramMode, nullptr);
+        EXPECT_FALSE(menu->waitingToReleaseReturn);
+        EXPECT_TRUE(running);
+    }
+}
+
+TEST_F(MainMenuTest, startsNothingWhenTheKeyThatGaveTheFirstFocusIsReleased) {
+    press(SDLK_RETURN);
+    release(SDLK_RETURN);
+    EXPECT_EQ(newProgramMode, nullptr);
+}
+
+TEST_F(MainMenuTest, startsABattleOnTheSecondReturn) {
+    press(SDLK_RETURN);
+    release(SDLK_RETURN);
+    press(SDLK_RETURN);
+    EXPECT_EQ(newProgramMode, nullptr);
+    release(SDLK_RETURN);
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+TEST_F(MainMenuTest, startsABattleOnTheSecondClickOffTheButtons) {
+    send(mouseMotion(5, 5));
+    send(mouseUp(SDL_BUTTON_LEFT));
+    EXPECT_EQ(newProgramMode, nullptr);
+    send(mouseUp(SDL_BUTTON_LEFT));
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+TEST_F(MainMenuTest, startsABattleAtOnceOnAClick) {
+    focusAndClick(0);
+    EXPECT_TRUE(requests<GameHandler>());
+    EXPECT_FALSE(menu->waitingToReleaseReturn);
+    EXPECT_TRUE(running);
+}
+
+TEST_F(MainMenuTest, actsOnTheFocusedButtonWhereverTheClickIs) {
+    press(SDLK_UP);
+    press(SDLK_UP);
+    SDL_Event click = mouseUp(SDL_BUTTON_LEFT);
+    click.button.x = 400;
+    click.button.y = 300;
+    send(click);
+    EXPECT_TRUE(requests<Credits>());
+}
+
+TEST_F(MainMenuTest, opensTheHelpScreenAtOnce) {
+    focusAndClick(1);
+    EXPECT_TRUE(requests<HelpScreen>());
+    EXPECT_TRUE(running);
+}
+
+TEST_F(MainMenuTest, opensTheCreditsAtOnce) {
+    focusAndClick(2);
+    EXPECT_TRUE(requests<Credits>());
+    EXPECT_TRUE(running);
+}
+
+TEST_F(MainMenuTest, endsTheProgramWithItsBottomButton) {
+    focusAndClick(3);
+    EXPECT_FALSE(running);
+    EXPECT_EQ(newProgramMode, nullptr);
+}
+
+TEST_F(MainMenuTest, opensTheTextScreensByKeyWithoutWaiting) {
+    for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
+        SCOPED_TRACE(key);
+        menu->focusedButton = 1;
+        press(key);
+        EXPECT_TRUE(requests<HelpScreen>());
+        forgetRequest();
+        menu->focusedButton = 2;
+        press(key);
+        EXPECT_TRUE(requests<Credits>());
+        forgetRequest();
+        EXPECT_FALSE(menu->waitingToReleaseReturn);
+    }
+}
+
+TEST_F(MainMenuTest, endsTheProgramByKeyWithoutWaiting) {
+    for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
+        SCOPED_TRACE(key);
+        running = true;
+        menu->focusedButton = 3;
+        press(key);
+        EXPECT_FALSE(running);
+        EXPECT_EQ(newProgramMode, nullptr);
+    }
+}
+
+TEST_F(MainMenuTest, keepsFocusAndDisplayWhenAButtonIsChosen) {
+    for (int id = 0; id < 4; ++id) {
+        SCOPED_TRACE(id);
+        const FlipWatch watch;
+        focusAndClick(id);
+        EXPECT_EQ(menu->focusedButton, id);
+        EXPECT_EQ(watch.count, 0);
+        forgetRequest();
+    }
+}
+
+TEST_F(MainMenuTest, keepsTheLatestChoiceOfAFrame) {
+    focusAndClick(1);
+    ProgramMode* first = newProgramMode;
+    focusAndClick(2);
+    ASSERT_NE(newProgramMode, first);
+    EXPECT_TRUE(requests<Credits>());
+    delete first;
+}
+
+// The battle waits for the key that chose it.
+
+TEST_F(MainMenuTest, startsABattleWhenTheChoosingKeyIsReleased) {
+    for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
+        SCOPED_TRACE(key);
+        menu = std::make_unique<MainMenu>();
+        menu->focusedButton = 0;
+        press(key);
+        EXPECT_TRUE(menu->waitingToReleaseReturn);
+        EXPECT_EQ(newProgramMode, nullptr);
+        menu->update();
+        Keyboard::releaseKeys();
+        EXPECT_EQ(newProgramMode, nullptr);
+        release(key);
+        EXPECT_TRUE(requests<GameHandler>());
+        forgetRequest();
+        Keyboard::releaseKeys();
+    }
+}
+
+TEST_F(MainMenuTest, startsABattleWithATapShorterThanAFrame) {
+    menu->focusedButton = 0;
+    press(SDLK_SPACE);
+    release(SDLK_SPACE);
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+TEST_F(MainMenuTest, ignoresTheReleaseOfOtherKeysWhileItWaits) {
+    menu->focusedButton = 0;
+    press(SDLK_RETURN);
+    for (SDLKey key : {SDLK_KP_ENTER, SDLK_ESCAPE, SDLK_q, SDLK_UP, SDLK_TAB}) {
+        release(key);
+        EXPECT_EQ(newProgramMode, nullptr) << key;
+    }
+    EXPECT_TRUE(running);
+}
+
+TEST_F(MainMenuTest, waitsForAKeyHeldDuringAClick) {
+    for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
+        SCOPED_TRACE(key);
+        menu = std::make_unique<MainMenu>();
+        press(key); // the first focus
+        send(mouseUp(SDL_BUTTON_LEFT));
+        EXPECT_TRUE(menu->waitingToReleaseReturn);
+        EXPECT_EQ(newProgramMode, nullptr);
+        release(key);
+        EXPECT_TRUE(requests<GameHandler>());
+        forgetRequest();
+        Keyboard::releaseKeys();
+    }
+}
+
+TEST_F(MainMenuTest, startsABattleAtOnceWhenOnlyOtherKeysAreHeld) {
+    for (SDLKey key : {SDLK_TAB, SDLK_KP_ENTER, SDLK_DELETE, SDLK_LCTRL, SDLK_a}) {
+        press(key);
+    }
+    focusAndClick(0);
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+TEST_F(MainMenuTest, startsABattleAtTheReleaseOfEitherKey) {
+    menu->focusedButton = 0;
+    press(SDLK_RETURN);
+    press(SDLK_SPACE);
+    release(SDLK_SPACE);
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+// A key released during this frame still counts as pressed, so the click waits for another release.
+TEST_F(MainMenuTest, waitsOnAClickInTheFrameOfARelease) {
+    press(SDLK_SPACE);
+    release(SDLK_SPACE);
+    send(mouseUp(SDL_BUTTON_LEFT));
+    EXPECT_TRUE(menu->waitingToReleaseReturn);
+    EXPECT_EQ(newProgramMode, nullptr);
+}
+
+TEST_F(MainMenuTest, startsABattleAtOnceOnAClickInTheFrameAfterARelease) {
+    press(SDLK_SPACE);
+    release(SDLK_SPACE);
+    Keyboard::releaseKeys();
+    send(mouseUp(SDL_BUTTON_LEFT));
+    EXPECT_TRUE(requests<GameHandler>());
+}
+
+TEST_F(MainMenuTest, neverForgetsThatItWaits) {
+    menu->focusedButton = 0;
+    press(SDLK_RETURN);
+    release(SDLK_RETURN);
+    EXPECT_TRUE(menu->waitingToReleaseReturn);
+    ProgramMode* first = newProgramMode;
+    release(SDLK_SPACE);
+    EXPECT_TRUE(requests<GameHandler>());
+    ASSERT_NE(newProgramMode, first);
+    delete first;
+}
+
+TEST_F(MainMenuTest, startsTheBattleEvenIfTheFocusHasMovedMeanwhile) {
+    menu->focusedButton = 0;
+    press(SDLK_RETURN);
+    send(mouseMotion(400, 430));
+    release(SDLK_RETURN);
+    EXPECT_EQ(menu->focusedButton, 3);
+    EXPECT_TRUE(requests<GameHandler>());
+    EXPECT_TRUE(running);
+}
+
+TEST_F(MainMenuTest, ignoresTheReleaseOfAKeyThatItDoesNotWaitFor) {
+    expectIgnored(keyUp(SDLK_RETURN));
+    expectIgnored(keyUp(SDLK_SPACE));
+}
+
+// Ending and ignoring.
+
+TEST_F(MainMenuTest, endsTheProgramOnEscapeOrQ) {
+    for (SDLKey key : {SDLK_ESCAPE, SDLK_q}) {
+        for (int focus = noFocus; focus < 4; ++focus) {
+            SCOPED_TRACE(testing::Message() << key << " with focus " << focus);
+            running = true;
+            menu->focusedButton = focus;
+            press(key);
+            EXPECT_FALSE(running);
+            EXPECT_EQ(menu->focusedButton, focus);
+            EXPECT_EQ(newProgramMode, nullptr);
+        }
+    }
+}
+
+TEST_F(MainMenuTest, ignoresAllOtherKeys) {
+    for (int code = 0; code < SDLK_LAST; ++code) {
+        const SDLKey key = static_cast<SDLKey>(code);
+        const SDLKey used[] = {SDLK_ESCAPE, SDLK_q, SDLK_UP, SDLK_DOWN, SDLK_RETURN, SDLK_SPACE};
+        if (std::count(std::begin(used), std::end(used), key) == 0) {
+            SCOPED_TRACE(code);
+            expectIgnored(keyDown(key));
+        }
+    }
+}
+
+TEST_F(MainMenuTest, ignoresTheReleaseOfEveryKey) {
+    for (int code = 0; code < SDLK_LAST; ++code) {
+        SCOPED_TRACE(code);
+        expectIgnored(keyUp(static_cast<SDLKey>(code)));
+    }
+}
+
+TEST_F(MainMenuTest, ignoresTheOtherMouseButtons) {
+    for (int button : {SDL_BUTTON_MIDDLE, SDL_BUTTON_RIGHT, 6, 7}) {
+        SCOPED_TRACE(button);
+        expectIgnored(mouseUp(button));
+    }
+}
+
+TEST_F(MainMenuTest, ignoresMouseButtonPresses) {
+    for (int button = 1; button <= 7; ++button) {
+        SCOPED_TRACE(button);
+        expectIgnored(mouseDown(button));
+    }
+}
+
+TEST_F(MainMenuTest, leavesAllOtherEventsToTheFrame) {
+    for (int type : {SDL_ACTIVEEVENT, SDL_JOYBUTTONDOWN, SDL_JOYBUTTONUP, SDL_QUIT, SDL_SYSWMEVENT,
+                     SDL_VIDEOEXPOSE, SDL_USEREVENT}) {
+        SCOPED_TRACE(type);
+        SDL_Event event = {};
+        event.type = static_cast<Uint8>(type);
+        expectIgnored(event);
+    }
+}
+
+} // namespace

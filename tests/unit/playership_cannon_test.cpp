@@ -1,0 +1,330 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "playership.h"
+
+#include <vector>
+
+#include "duel.h"
+#include "keyboard.h"
+#include "rects.h"
+
+namespace {
+
+class PlayerShipCannonTest : public DuelTest {};
+
+struct Shot {
+    int playerId;
+    double direction;
+    double velocity;
+    int x;
+    int y;
+};
+
+const Shot shots[] = {
+    {1, headingDown, 0, 0, 6},      {1, headingRight, 0, 6, 0},
+    {1, headingUp, 0, 0, -6},       {1, headingLeft, 0, -6, 0},
+    {1, headingDown, 0.5, 0, 6}, // 6.25
+    {1, headingDown, 2, 0, 7},   // half the speed of the ship is added
+    {1, headingDown, 5, 0, 8},   // 8.5
+    {1, headingDown, 6, 0, 9},      {1, headingDownRight, 0, 4, 4}, // 4.24
+    {1, headingDownRight, 6, 6, 6},                                 // 6.36
+    {1, headingUpLeft, 0, -4, -4},  {1, headingUpLeft, 6, -6, -6},
+    {1, 2.0, 3.5, 7, -3},           {1, 100, 4, -4, 6},
+    {2, headingDown, 0, 0, 7},      {2, headingRight, 0, 7, 0},
+    {2, headingUp, 0, 0, -7},       {2, headingLeft, 0, -7, 0},
+    {2, headingDown, 0.5, 0, 7},                               // 7.25
+    {2, headingDown, 2, 0, 8},      {2, headingDown, 5, 0, 9}, // 9.5
+    {2, headingDownRight, 0, 4, 4},                            // 4.95
+    {2, headingDownRight, 5, 6, 6},                            // 6.72
+    {2, headingUpLeft, 0, -4, -4},  {2, headingUpLeft, 5, -6, -6},
+    {2, 2.0, 3.5, 7, -3},           {2, 100, 4, -4, 7},
+};
+
+TEST_F(PlayerShipCannonTest, launchesAlongTheHeadingInWholePixels) {
+    for (const Shot& shot : shots) {
+        PlayerShip* firing = ship(shot.playerId);
+        place(firing, 500, 300 * shot.playerId, shot.direction, shot.velocity);
+        firing->reloading = 0;
+        firing->shoot();
+        EXPECT_THAT(ball(shot.playerId)->velocity, isRect(shot.x, shot.y, 0, 0))
+            << "player " << shot.playerId << ", " << shot.direction << " at " << shot.velocity;
+    }
+}
+
+TEST_F(PlayerShipCannonTest, launchesFromItsCentre) {
+    place(ship1, 401, 303);
+    ship1->shoot();
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isRect(441, 343, 20, 20));
+    EXPECT_FALSE(ball2->visible);
+}
+
+TEST_F(PlayerShipCannonTest, centresCannonballsOfEverySize) {
+    place(ship1, 400, 300);
+    ball1->size = {0, 0, 31, 8};
+    ship1->shoot();
+    EXPECT_THAT(ball1->pos, isRect(435, 346, 31, 8));
+}
+
+TEST_F(PlayerShipCannonTest, launchesWithTheSpeedOfTheCannonball) {
+    ball1->speed = 20;
+    ship1->shoot();
+    EXPECT_EQ(ball1->velocity.y, 20);
+}
+
+TEST_F(PlayerShipCannonTest, isBusyFor120Frames) {
+    ship1->shoot();
+    EXPECT_EQ(ship1->reloading, 120);
+    EXPECT_EQ(ship1->maxReloading, 120);
+    EXPECT_EQ(ship2->reloading, 0);
+}
+
+TEST_F(PlayerShipCannonTest, doesNothingUntilItIsLoaded) {
+    for (const int reloading : {1, 60, 120, 300, -1}) {
+        SCOPED_TRACE(reloading);
+        ship1->reloading = reloading;
+        ship1->maxReloading = 300;
+        ball1->show({700, 700, 20, 20}, {1, 2, 0, 0});
+        ship1->shoot();
+        EXPECT_TRUE(ball1->visible);
+        EXPECT_THAT(ball1->pos, isAt(700, 700));
+        EXPECT_THAT(ball1->velocity, isAt(1, 2));
+        EXPECT_EQ(ship1->reloading, reloading);
+        EXPECT_EQ(ship1->maxReloading, 300);
+    }
+}
+
+TEST_F(PlayerShipCannonTest, replacesTheCannonballInFlight) {
+    ball1->show({700, 700, 20, 20}, {1, 2, 0, 0});
+    ship1->shoot();
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isAt(140, 140));
+    EXPECT_THAT(ball1->velocity, isAt(0, 6));
+}
+
+TEST_F(PlayerShipCannonTest, leavesTheEnemysCannonballInFlight) {
+    ball2->show({700, 700, 20, 20}, {1, 2, 0, 0});
+    ship1->shoot();
+    EXPECT_TRUE(ball2->visible);
+    EXPECT_THAT(ball2->pos, isAt(700, 700));
+}
+
+// Where the enemy lies when a ship fires that lies at 400, 400; its cannonball starts at 440, 440.
+struct PointBlank {
+    int enemyX;
+    int enemyY;
+    bool fires;
+};
+
+const PointBlank pointBlanks[] = {
+    {400, 400, false}, {459, 400, false}, {460, 400, true}, // to the right
+    {341, 400, false}, {340, 400, true},                    // to the left
+    {400, 459, false}, {400, 460, true},                    // below
+    {400, 341, false}, {400, 340, true},                    // above
+    {459, 459, false}, {460, 460, true},                    // the corners
+    {341, 341, false}, {340, 340, true},
+};
+
+TEST_F(PlayerShipCannonTest, losesTheShotInsideTheEnemy) {
+    for (const int playerId : {1, 2}) {
+        for (const PointBlank& pointBlank : pointBlanks) {
+            place(ship(playerId), 400, 400);
+            place(ship(3 - playerId), pointBlank.enemyX, pointBlank.enemyY, 4.82);
+            SCOPED_TRACE(rectText(ship(3 - playerId)->rect));
+            ball(playerId)->visible = false;
+            ship(playerId)->reloading = 0;
+            ship(playerId)->shoot();
+            EXPECT_EQ(ball(playerId)->visible, pointBlank.fires);
+            EXPECT_EQ(ship(playerId)->reloading, 120);
+            EXPECT_EQ(ship(playerId)->maxReloading, 120);
+        }
+    }
+}
+
+TEST_F(PlayerShipCannonTest, losesTheShotInTheCornerThatNoCannonballHits) {
+    // The enemy heads left, so its hit box ends above the cannonball; its whole square does not.
+    place(ship1, 400, 400);
+    place(ship2, 400, 365, 4.82);
+    ship1->shoot();
+    EXPECT_FALSE(ship2->collidesWith({440, 440, 20, 20}));
+    EXPECT_FALSE(ball1->visible);
+}
+
+TEST_F(PlayerShipCannonTest, withdrawsTheCannonballInFlightEvenWhenItLosesTheShot) {
+    place(ship1, 400, 400);
+    place(ship2, 420, 420);
+    ball1->show({700, 700, 20, 20}, {1, 2, 0, 0});
+    ship1->shoot();
+    EXPECT_FALSE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isAt(700, 700));
+    EXPECT_EQ(ship1->reloading, 120);
+    EXPECT_EQ(ship2->hp, 50);
+}
+
+TEST_F(PlayerShipCannonTest, firesEvery120FramesWhileTheKeyIsHeld) {
+    hold(SDLK_SPACE);
+    std::vector<int> frames;
+    for (int frame = 0; frame < 400; ++frame) {
+        ball1->visible = false;
+        play(1);
+        if (ball1->visible) {
+            frames.push_back(frame);
+        }
+    }
+    EXPECT_THAT(frames, testing::ElementsAre(0, 120, 240, 360));
+}
+
+TEST_F(PlayerShipCannonTest, takesNoShotInAdvance) {
+    hold(SDLK_TAB);
+    play(1);
+    letGo(SDLK_TAB);
+    play(50);
+    hold(SDLK_TAB);
+    letGo(SDLK_TAB);
+    play(100);
+    EXPECT_EQ(ship1->reloading, 0);
+}
+
+class PlayerShipTeleportTest : public DuelTest {};
+
+TEST_F(PlayerShipTeleportTest, jumpsToARandomPlaceOfTheGrid) {
+    place(ship1, 950, 950);
+    srandom(4);
+    ship1->teleport();
+    EXPECT_THAT(ship1->rect, isRect(100, 400, 100, 100));
+    EXPECT_EQ(drawsSince(4), 2);
+}
+
+TEST_F(PlayerShipTeleportTest, jumpsClearOfBarriers) {
+    addBarrier({0, 0, 700, 1300});
+    addBarrier({0, 0, 1300, 700});
+    ship1->teleport();
+    EXPECT_THAT(ship1->rect, isAt(700, 700));
+}
+
+TEST_F(PlayerShipTeleportTest, spendsATeleportAndTheCannon) {
+    ship1->teleport();
+    EXPECT_EQ(ship1->teleportCounter, 2);
+    EXPECT_EQ(ship1->teleportRecharge, 900);
+    EXPECT_EQ(ship1->reloading, 300);
+    EXPECT_EQ(ship1->maxReloading, 300);
+}
+
+TEST_F(PlayerShipTeleportTest, makesALoadingCannonWaitAnew) {
+    ship1->setReloading(120, -1);
+    ship1->reloading = 10;
+    ship1->teleport();
+    EXPECT_EQ(ship1->reloading, 300);
+    EXPECT_EQ(ship1->maxReloading, 300);
+}
+
+TEST_F(PlayerShipTeleportTest, keepsSpeedAndHeading) {
+    place(ship1, 950, 950, 2.5, 4.5);
+    ship1->teleport();
+    EXPECT_EQ(ship1->direction, 2.5);
+    EXPECT_EQ(ship1->velocity, 4.5);
+    EXPECT_EQ(ship1->hp, 50);
+}
+
+TEST_F(PlayerShipTeleportTest, takesItsViewportAlongEvenAtRest) {
+    for (const int playerId : {1, 2}) {
+        SCOPED_TRACE(playerId);
+        battle->viewport1 = {1, 2, 390, 490};
+        battle->viewport2 = {1, 2, 390, 490};
+        srandom(2);
+        ship(playerId)->teleport();
+        EXPECT_THAT(playerId == 1 ? battle->viewport1 : battle->viewport2, isAt(355, 305));
+        EXPECT_THAT(playerId == 1 ? battle->viewport2 : battle->viewport1, isAt(1, 2));
+    }
+}
+
+TEST_F(PlayerShipTeleportTest, leavesTheCannonballInFlight) {
+    ball1->show({900, 300, 20, 20}, {1, 2, 0, 0});
+    ship1->teleport();
+    EXPECT_TRUE(ball1->visible);
+    EXPECT_THAT(ball1->pos, isAt(900, 300));
+}
+
+// A ship that cannot jump changes nothing and draws nothing from the random generator.
+void expectNoJump(PlayerShip* ship, int teleportCounter, int teleportRecharge) {
+    place(ship, 950, 950);
+    ship->teleportCounter = teleportCounter;
+    ship->teleportRecharge = teleportRecharge;
+    ship->setReloading(5, 120);
+    srandom(1);
+    ship->teleport();
+    EXPECT_EQ(drawsSince(1), 0);
+    EXPECT_THAT(ship->rect, isAt(950, 950));
+    EXPECT_EQ(ship->teleportCounter, teleportCounter);
+    EXPECT_EQ(ship->teleportRecharge, teleportRecharge);
+    EXPECT_EQ(ship->reloading, 5);
+    EXPECT_EQ(ship->maxReloading, 120);
+}
+
+TEST_F(PlayerShipTeleportTest, staysWhereItIsWithoutATeleportLeft) {
+    expectNoJump(ship1, 0, 0);
+    expectNoJump(ship1, 0, 10);
+}
+
+TEST_F(PlayerShipTeleportTest, staysWhereItIsWhileTheTeleportRecharges) {
+    expectNoJump(ship1, 3, 900);
+    expectNoJump(ship1, 2, 1);
+}
+
+TEST_F(PlayerShipTeleportTest, jumpsThreeTimesAtLeast900FramesApart) {
+    for (const int playerId : {1, 2}) {
+        SCOPED_TRACE(playerId);
+        hold(playerId == 1 ? SDLK_z : SDLK_DELETE);
+        std::vector<int> frames;
+        for (int frame = 0; frame < 3000; ++frame) {
+            const int before = ship(playerId)->teleportCounter;
+            ship(playerId)->update(battle->world);
+            if (ship(playerId)->teleportCounter != before) {
+                frames.push_back(frame);
+            }
+        }
+        EXPECT_THAT(frames, testing::ElementsAre(0, 900, 1800));
+        EXPECT_EQ(ship(playerId)->teleportCounter, 0);
+        EXPECT_EQ(ship(playerId)->teleportRecharge, 0);
+    }
+}
+
+TEST_F(PlayerShipTeleportTest, holdsFireFor300FramesAfterAJump) {
+    hold(SDLK_z);
+    letGo(SDLK_z);
+    play(1);
+    hold(SDLK_TAB);
+    int frame = 1;
+    while (!ball1->visible && frame < 1000) {
+        play(1);
+        ++frame;
+    }
+    // The jump was in frame 0, the shot in the last frame played.
+    EXPECT_EQ(frame - 1, 300);
+}
+
+TEST_F(PlayerShipTeleportTest, firesFromWhereItLeavesInTheFrameOfAJump) {
+    place(ship1, 900, 300);
+    hold(SDLK_TAB);
+    hold(SDLK_z);
+    srandom(4);
+    play(1);
+    EXPECT_THAT(ball1->pos, isAt(940, 340));
+    EXPECT_THAT(ship1->rect, isAt(100, 400));
+    EXPECT_EQ(ship1->reloading, 299);
+    EXPECT_EQ(ship1->maxReloading, 300);
+    EXPECT_EQ(ship1->teleportRecharge, 899);
+}
+
+TEST_F(PlayerShipTeleportTest, sailsOnFromWhereItArrivesInTheFrameOfAJump) {
+    place(ship1, 900, 300, headingRight, 6);
+    hold(SDLK_w);
+    hold(SDLK_z);
+    srandom(4);
+    play(1);
+    EXPECT_THAT(ship1->rect, isAt(106, 400));
+    EXPECT_THAT(battle->viewport1, isAt(0, 205));
+}
+
+} // namespace

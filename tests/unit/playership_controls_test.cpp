@@ -1,0 +1,275 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "playership.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "duel.h"
+#include "keyboard.h"
+#include "rects.h"
+
+namespace {
+
+// What each player steers with, and how fast the ship gets.
+struct Helm {
+    int playerId;
+    SDLKey left;
+    SDLKey right;
+    SDLKey forward;
+    std::vector<SDLKey> fire;
+    SDLKey teleport;
+    double topSpeed;
+    int framesToTopSpeed;
+};
+
+const Helm helms[] = {
+    {1, SDLK_a, SDLK_d, SDLK_w, {SDLK_TAB, SDLK_SPACE}, SDLK_z, 6, 12},
+    {2, SDLK_LEFT, SDLK_RIGHT, SDLK_UP, {SDLK_RETURN}, SDLK_DELETE, 5, 10},
+};
+
+void PrintTo(const Helm& helm, std::ostream* out) {
+    *out << "player " << helm.playerId;
+}
+
+class PlayerShipControlsTest : public DuelTest, public testing::WithParamInterface<Helm> {
+protected:
+    void SetUp() override {
+        DuelTest::SetUp();
+        steered = ship(helm.playerId);
+    }
+
+    // Reads the keys in as many frames.
+    void steer(int frames) {
+        for (int i = 0; i < frames; ++i) {
+            steered->keyboard();
+            Keyboard::releaseKeys();
+        }
+    }
+
+    const Helm& helm = GetParam();
+    PlayerShip* steered = nullptr;
+};
+
+TEST_P(PlayerShipControlsTest, turnsLeftByAStepPerFrame) {
+    steered->direction = 1.0;
+    hold(helm.left);
+    steer(1);
+    EXPECT_DOUBLE_EQ(steered->direction, 1.05);
+    steer(9);
+    EXPECT_NEAR(steered->direction, 1.5, 1e-12);
+}
+
+TEST_P(PlayerShipControlsTest, turnsRightByAStepPerFrame) {
+    steered->direction = 1.0;
+    hold(helm.right);
+    steer(1);
+    EXPECT_DOUBLE_EQ(steered->direction, 0.95);
+    steer(9);
+    EXPECT_NEAR(steered->direction, 0.5, 1e-12);
+}
+
+TEST_P(PlayerShipControlsTest, turnsLeftWhenBothTurnKeysAreHeld) {
+    hold(helm.right);
+    hold(helm.left);
+    steer(1);
+    EXPECT_DOUBLE_EQ(steered->direction, 0.05);
+}
+
+TEST_P(PlayerShipControlsTest, keepsTheHeadingWithoutAKey) {
+    steered->direction = 1.0;
+    steer(5);
+    EXPECT_EQ(steered->direction, 1.0);
+}
+
+TEST_P(PlayerShipControlsTest, neverNormalisesTheHeading) {
+    hold(helm.left);
+    steer(1000);
+    EXPECT_NEAR(steered->direction, 50.0, 1e-9);
+    letGo(helm.left);
+    Keyboard::releaseKeys();
+    hold(helm.right);
+    steer(2000);
+    EXPECT_NEAR(steered->direction, -50.0, 1e-9);
+}
+
+TEST_P(PlayerShipControlsTest, turnsOnceForATapShorterThanAFrame) {
+    hold(helm.left);
+    letGo(helm.left);
+    steer(3);
+    EXPECT_DOUBLE_EQ(steered->direction, 0.05);
+}
+
+TEST_P(PlayerShipControlsTest, reachesTopSpeedInHalfPixelSteps) {
+    hold(helm.forward);
+    for (int frame = 1; frame < helm.framesToTopSpeed; ++frame) {
+        steer(1);
+        EXPECT_EQ(steered->velocity, 0.5 * frame) << frame;
+    }
+    EXPECT_LT(steered->velocity, helm.topSpeed);
+    steer(1);
+    EXPECT_EQ(steered->velocity, helm.topSpeed);
+    steer(50);
+    EXPECT_EQ(steered->velocity, helm.topSpeed);
+}
+
+TEST_P(PlayerShipControlsTest, coastsToRestInHalfPixelSteps) {
+    steered->velocity = helm.topSpeed;
+    steer(1);
+    EXPECT_EQ(steered->velocity, helm.topSpeed - 0.5);
+    steer(helm.framesToTopSpeed - 2);
+    EXPECT_EQ(steered->velocity, 0.5);
+    steer(1);
+    EXPECT_EQ(steered->velocity, 0.0);
+    steer(50);
+    EXPECT_EQ(steered->velocity, 0.0);
+}
+
+TEST_P(PlayerShipControlsTest, gainsAndLosesHalfAPixelForATap) {
+    hold(helm.forward);
+    letGo(helm.forward);
+    steer(1);
+    EXPECT_EQ(steered->velocity, 0.5);
+    steer(1);
+    EXPECT_EQ(steered->velocity, 0.0);
+}
+
+TEST_P(PlayerShipControlsTest, firesWithEachFireKey) {
+    for (const SDLKey key : helm.fire) {
+        SCOPED_TRACE(key);
+        steered->reloading = 0;
+        ball(helm.playerId)->visible = false;
+        hold(key);
+        steer(1);
+        letGo(key);
+        Keyboard::releaseKeys();
+        EXPECT_TRUE(ball(helm.playerId)->visible);
+        EXPECT_FALSE(ball(3 - helm.playerId)->visible);
+        EXPECT_EQ(steered->reloading, 120);
+    }
+}
+
+TEST_P(PlayerShipControlsTest, firesOnceWithAllFireKeysHeld) {
+    for (const SDLKey key : helm.fire) {
+        hold(key);
+    }
+    steer(1);
+    EXPECT_TRUE(ball(helm.playerId)->visible);
+    EXPECT_EQ(steered->reloading, 120);
+    // The keys are still held, yet the cannon has not been loaded again.
+    ball(helm.playerId)->visible = false;
+    steer(1);
+    EXPECT_FALSE(ball(helm.playerId)->visible);
+}
+
+TEST_P(PlayerShipControlsTest, jumpsWithTheTeleportKey) {
+    hold(helm.teleport);
+    steer(1);
+    EXPECT_EQ(steered->teleportCounter, 2);
+    EXPECT_EQ(ship(3 - helm.playerId)->teleportCounter, 3);
+}
+
+TEST_P(PlayerShipControlsTest, ignoresEveryOtherKey) {
+    std::vector<int> bound = {helm.left, helm.right, helm.forward, helm.teleport};
+    bound.insert(bound.end(), helm.fire.begin(), helm.fire.end());
+    for (int key = 0; key < SDLK_LAST; ++key) {
+        if (std::count(bound.begin(), bound.end(), key) == 0) {
+            hold(static_cast<SDLKey>(key));
+        }
+    }
+    place(steered, 600, 600, 1.0, 3);
+    steer(1);
+    EXPECT_EQ(steered->direction, 1.0);
+    EXPECT_EQ(steered->velocity, 2.5) << "neither brakes nor sails on";
+    EXPECT_EQ(steered->reloading, 0);
+    EXPECT_EQ(steered->teleportCounter, 3);
+    EXPECT_FALSE(ball(helm.playerId)->visible);
+}
+
+TEST_P(PlayerShipControlsTest, firesAlongTheHeadingOfThisFrame) {
+    // A heading of 0.15 carries neither cannonball a whole pixel to the right, 0.2 carries both.
+    steered->direction = helm.playerId == 1 ? 0.15 : 0.1;
+    hold(helm.left);
+    hold(helm.fire[0]);
+    steer(1);
+    EXPECT_EQ(ball(helm.playerId)->velocity.x, 1);
+}
+
+TEST_P(PlayerShipControlsTest, firesWithTheSpeedOfThisFrame) {
+    steered->velocity = 1.5;
+    hold(helm.forward);
+    hold(helm.fire[0]);
+    steer(1);
+    EXPECT_EQ(ball(helm.playerId)->velocity.y, helm.playerId == 1 ? 7 : 8);
+}
+
+TEST_P(PlayerShipControlsTest, firesBeforeItJumps) {
+    place(steered, 900, 300);
+    hold(helm.fire[0]);
+    hold(helm.teleport);
+    steer(1);
+    EXPECT_TRUE(ball(helm.playerId)->visible);
+    EXPECT_THAT(ball(helm.playerId)->pos, isAt(940, 340));
+    EXPECT_LE(steered->rect.x, 700);
+    EXPECT_EQ(steered->reloading, 300);
+    EXPECT_EQ(steered->maxReloading, 300);
+}
+
+TEST_P(PlayerShipControlsTest, doesAllAtOnce) {
+    hold(helm.left);
+    hold(helm.forward);
+    hold(helm.fire[0]);
+    hold(helm.teleport);
+    steer(1);
+    EXPECT_DOUBLE_EQ(steered->direction, 0.05);
+    EXPECT_EQ(steered->velocity, 0.5);
+    EXPECT_TRUE(ball(helm.playerId)->visible);
+    EXPECT_EQ(steered->teleportCounter, 2);
+}
+
+TEST_P(PlayerShipControlsTest, leavesTheOtherShipAlone) {
+    PlayerShip* other = ship(3 - helm.playerId);
+    hold(helm.left);
+    hold(helm.forward);
+    hold(helm.fire[0]);
+    other->keyboard();
+    EXPECT_EQ(other->direction, 0.0);
+    EXPECT_EQ(other->velocity, 0.0);
+    EXPECT_EQ(other->reloading, 0);
+}
+
+TEST_P(PlayerShipControlsTest, onlyReadsTheKeys) {
+    place(steered, 600, 600, headingRight, 4);
+    steered->reloading = 10;
+    steered->teleportRecharge = 10;
+    steer(1);
+    EXPECT_THAT(steered->rect, isAt(600, 600));
+    EXPECT_EQ(steered->reloading, 10);
+    EXPECT_EQ(steered->teleportRecharge, 10);
+}
+
+std::string helmName(const testing::TestParamInfo<Helm>& info) {
+    return "player" + std::to_string(info.param.playerId);
+}
+
+INSTANTIATE_TEST_SUITE_P(both, PlayerShipControlsTest, testing::ValuesIn(helms), helmName);
+
+using PlayerShipStrangerTest = DuelTest;
+
+TEST_F(PlayerShipStrangerTest, obeysTheKeysOfPlayer2) {
+    PlayerShip stranger(battle.get(), 3);
+    place(&stranger, 600, 300);
+    hold(SDLK_LEFT);
+    hold(SDLK_UP);
+    hold(SDLK_RETURN);
+    hold(SDLK_d);
+    stranger.keyboard();
+    EXPECT_DOUBLE_EQ(stranger.direction, 0.05);
+    EXPECT_EQ(stranger.velocity, 0.5);
+    EXPECT_TRUE(ball2->visible);
+    EXPECT_THAT(ball2->pos, isAt(640, 340));
+}
+
+} // namespace

@@ -1,0 +1,350 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "playership.h"
+
+#include <string>
+
+#include "duel.h"
+#include "flips.h"
+#include "keyboard.h"
+#include "main.h"
+#include "pictures.h"
+#include "rects.h"
+
+namespace {
+
+class PlayerShipDisplayTest : public DuelTest {
+protected:
+    void SetUp() override {
+        DuelTest::SetUp();
+        fillAll(battle->world, waterColour);
+        fillAll(screen, white);
+    }
+
+    void update(int playerId) {
+        ship(playerId)->update(battle->world);
+        Keyboard::releaseKeys();
+    }
+};
+
+TEST_F(PlayerShipDisplayTest, drawsTheFrameOfItsPhaseInFull) {
+    // A heading near the middle of each phase.
+    const double headings[] = {4.82, 4.65,  4.47,  4.3,   4.13,  3.95,  3.78,  3.6,   3.43,
+                               3.25, 3.08,  2.9,   2.73,  2.56,  2.38,  2.21,  2.03,  1.86,
+                               1.68, 1.51,  1.33,  1.16,  0.98,  0.81,  0.64,  0.46,  0.29,
+                               0.11, -0.06, -0.24, -0.41, -0.59, -0.76, -0.93, -1.11, -1.28};
+    for (int phase = 0; phase < 36; ++phase) {
+        SCOPED_TRACE(phase);
+        place(ship1, 300, 400, headings[phase]);
+        update(1);
+        EXPECT_EQ(firstOther(battle->world, {300, 400, 100, 100}, shipFrameColour(phase)), "");
+        EXPECT_EQ(pixel(battle->world, 299, 450), waterColour);
+        EXPECT_EQ(pixel(battle->world, 400, 450), waterColour);
+        EXPECT_EQ(pixel(battle->world, 350, 399), waterColour);
+        EXPECT_EQ(pixel(battle->world, 350, 500), waterColour);
+        EXPECT_THAT(ship1->rect, isRect(300, 400, 100, 100));
+    }
+}
+
+TEST_F(PlayerShipDisplayTest, drawsBothShipsFromOneSheet) {
+    place(ship1, 300, 400, 4.82);
+    place(ship2, 600, 400, 4.82);
+    update(1);
+    update(2);
+    EXPECT_EQ(pixel(battle->world, 350, 450), shipFrameColour(0));
+    EXPECT_EQ(pixel(battle->world, 650, 450), shipFrameColour(0));
+}
+
+TEST_F(PlayerShipDisplayTest, letsTheWaterShowThroughTheSheet) {
+    SDL_Surface* sheet = imagePool["lod1.png"];
+    fill(sheet, {0, 0, 100, 50}, {200, 100, 50, 0});
+    fill(sheet, {0, 0, 100, 20}, {200, 100, 50, 128});
+    place(ship1, 300, 400, 4.82);
+    update(1);
+    EXPECT_THAT(pixel(battle->world, 350, 410), isNear(Colour{105, 60, 125}, 2));
+    EXPECT_EQ(pixel(battle->world, 350, 430), waterColour);
+    EXPECT_EQ(pixel(battle->world, 350, 460), shipFrameColour(0));
+}
+
+TEST_F(PlayerShipDisplayTest, readsTheKeysThenMovesThenDraws) {
+    place(ship1, 300, 400, headingRight - 0.05, 5.5);
+    hold(SDLK_a);
+    hold(SDLK_w);
+    update(1);
+    EXPECT_THAT(ship1->rect, isAt(306, 400));
+    EXPECT_EQ(pixel(battle->world, 306, 450), shipFrameColour(19));
+    EXPECT_EQ(pixel(battle->world, 305, 450), waterColour);
+}
+
+TEST_F(PlayerShipDisplayTest, countsBothTimersDownToNought) {
+    ship1->setReloading(2, 120);
+    ship1->teleportRecharge = 3;
+    update(1);
+    EXPECT_EQ(ship1->reloading, 1);
+    EXPECT_EQ(ship1->teleportRecharge, 2);
+    update(1);
+    EXPECT_EQ(ship1->reloading, 0);
+    EXPECT_EQ(ship1->teleportRecharge, 1);
+    update(1);
+    update(1);
+    EXPECT_EQ(ship1->reloading, 0);
+    EXPECT_EQ(ship1->teleportRecharge, 0);
+    EXPECT_EQ(ship1->maxReloading, 120);
+}
+
+TEST_F(PlayerShipDisplayTest, countsTheFrameOfTheShotAlready) {
+    hold(SDLK_RETURN);
+    update(2);
+    EXPECT_EQ(ship2->reloading, 119);
+    EXPECT_EQ(ship2->maxReloading, 120);
+    EXPECT_EQ(pixel(screen, 712, 508), dialFrameColour(1));
+}
+
+TEST_F(PlayerShipDisplayTest, countsTheFrameOfTheJumpAlready) {
+    hold(SDLK_DELETE);
+    update(2);
+    EXPECT_EQ(ship2->reloading, 299);
+    EXPECT_EQ(ship2->teleportRecharge, 899);
+    EXPECT_EQ(pixel(screen, 712, 508), dialFrameColour(1));
+}
+
+TEST_F(PlayerShipDisplayTest, neverFlipsTheDisplay) {
+    FlipWatch flips;
+    update(1);
+    update(2);
+    EXPECT_EQ(flips.count, 0);
+}
+
+TEST_F(PlayerShipDisplayTest, neverDrawsThePanelIntoTheWorld) {
+    update(1);
+    EXPECT_EQ(countOf(battle->world, barColour), 0);
+    EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300 - 100 * 100);
+}
+
+// A player's half of the strip below the viewports.
+struct Panel {
+    int playerId;
+    const char* picture;
+    SDL_Rect rect;
+    SDL_Rect bar;
+    SDL_Rect dial;
+    SDL_Rect otherHalf;
+};
+
+const Panel panels[] = {
+    {1, "bar1.png", {0, 500, 400, 100}, {0, 578, 396, 22}, {308, 508, 69, 69}, {400, 0, 400, 600}},
+    {2,
+     "bar2.png",
+     {400, 500, 400, 100},
+     {404, 578, 396, 22},
+     {712, 508, 69, 69},
+     {0, 0, 400, 600}},
+};
+
+void PrintTo(const Panel& panel, std::ostream* out) {
+    *out << "player " << panel.playerId;
+}
+
+class PlayerShipPanelTest : public PlayerShipDisplayTest,
+                            public testing::WithParamInterface<Panel> {
+protected:
+    void SetUp() override {
+        PlayerShipDisplayTest::SetUp();
+        shown = ship(panel.playerId);
+    }
+
+    void update() {
+        PlayerShipDisplayTest::update(panel.playerId);
+    }
+
+    // The number of a dial's frame, of which every pixel must be shown, or -1.
+    int shownDialFrame() {
+        for (int k = 0; k <= 40; ++k) {
+            if (firstOther(screen, panel.dial, dialFrameColour(k)).empty()) {
+                return k;
+            }
+        }
+        return -1;
+    }
+
+    const Panel& panel = GetParam();
+    PlayerShip* shown = nullptr;
+};
+
+TEST_P(PlayerShipPanelTest, fillsItsHalfOfTheStripAndNothingElse) {
+    update();
+    EXPECT_EQ(countOf(screen, barColour), 400 * 100 - 69 * 69);
+    EXPECT_EQ(countOf(screen, white), 800 * 600 - 400 * 100);
+    EXPECT_EQ(pixel(screen, panel.rect.x, 500), barColour);
+    EXPECT_EQ(pixel(screen, panel.rect.x + 399, 599), barColour);
+    EXPECT_EQ(firstOther(screen, panel.otherHalf, white), "");
+}
+
+TEST_P(PlayerShipPanelTest, takesThePictureOfItsPlayer) {
+    fillAll(imagePool[panel.picture], green);
+    update();
+    EXPECT_EQ(pixel(screen, panel.rect.x, 500), green);
+    EXPECT_EQ(countOf(screen, barColour), 0);
+}
+
+TEST_P(PlayerShipPanelTest, drawsTheWholePicture) {
+    SDL_Surface* picture = imagePool[panel.picture];
+    fill(picture, {0, 0, 1, 1}, green);
+    fill(picture, {399, 99, 1, 1}, blue);
+    update();
+    EXPECT_EQ(pixel(screen, panel.rect.x, 500), green);
+    EXPECT_EQ(pixel(screen, panel.rect.x + 399, 599), blue);
+}
+
+TEST_P(PlayerShipPanelTest, isDrawnAnewInEveryFrame) {
+    shown->hp = 5;
+    update();
+    shown->hp = 50;
+    fillAll(screen, white);
+    update();
+    EXPECT_EQ(firstOther(screen, panel.bar, barColour), "");
+}
+
+TEST_P(PlayerShipPanelTest, showsTheLostHitPointsInBlackAtTheRightEnd) {
+    const int left[][2] = {{50, 396}, {45, 356}, {40, 316}, {35, 277}, {30, 237}, {25, 198},
+                           {20, 158}, {15, 118}, {10, 79},  {5, 39},   {0, 0}};
+    for (const auto& row : left) {
+        SCOPED_TRACE(row[0]);
+        const int t = row[1];
+        shown->hp = row[0];
+        update();
+        const SDL_Rect bar = panel.bar;
+        const SDL_Rect full = {bar.x, bar.y, static_cast<Uint16>(t), bar.h};
+        const SDL_Rect lost = {static_cast<Sint16>(bar.x + t), bar.y, static_cast<Uint16>(396 - t),
+                               bar.h};
+        EXPECT_EQ(firstOther(screen, full, barColour), "");
+        EXPECT_EQ(firstOther(screen, lost, black), "");
+        EXPECT_EQ(countOf(screen, black), (396 - t) * 22);
+    }
+}
+
+TEST_P(PlayerShipPanelTest, scalesTheBarByTheFullHitPoints) {
+    shown->maxhp = 300;
+    shown->hp = 100;
+    update();
+    EXPECT_EQ(countOf(screen, black), (396 - 132) * 22);
+    shown->maxhp = 7;
+    shown->hp = 3;
+    update();
+    EXPECT_EQ(countOf(screen, black), (396 - 169) * 22) << "169.7 pixels are cut to 169";
+}
+
+TEST_P(PlayerShipPanelTest, showsALoadedDialAtTheStart) {
+    // Frame 40 stands alone at the top of the ninth column.
+    fill(imagePool["kruh.png"], {552, 0, 1, 1}, green);
+    fill(imagePool["kruh.png"], {620, 68, 1, 1}, blue);
+    update();
+    EXPECT_EQ(pixel(screen, panel.dial.x, panel.dial.y), green);
+    EXPECT_EQ(pixel(screen, panel.dial.x + 68, panel.dial.y + 68), blue);
+    EXPECT_EQ(pixel(screen, panel.dial.x + 34, panel.dial.y + 34), dialFrameColour(40));
+}
+
+TEST_P(PlayerShipPanelTest, setsTheDialIntoThePanel) {
+    update();
+    const SDL_Rect dial = panel.dial;
+    EXPECT_EQ(firstOther(screen, dial, dialFrameColour(40)), "");
+    EXPECT_EQ(pixel(screen, dial.x - 1, dial.y), barColour);
+    EXPECT_EQ(pixel(screen, dial.x + 69, dial.y), barColour);
+    EXPECT_EQ(pixel(screen, dial.x, dial.y - 1), barColour);
+    EXPECT_EQ(pixel(screen, dial.x, dial.y + 69), barColour);
+}
+
+TEST_P(PlayerShipPanelTest, showsTheDialFramesDownEachColumn) {
+    // Frame 20 at 276, 0; frame 1 at 0, 69; frame 39 at 483, 276.
+    const int corners[][3] = {{60, 276, 0}, {119, 0, 69}, {3, 483, 276}};
+    for (const auto& corner : corners) {
+        SCOPED_TRACE(corner[0]);
+        SDL_Surface* dial = imagePool["kruh.png"];
+        fill(dial, {static_cast<Sint16>(corner[1]), static_cast<Sint16>(corner[2]), 1, 1}, green);
+        shown->setReloading(corner[0] + 1, 120);
+        update();
+        EXPECT_EQ(pixel(screen, panel.dial.x, panel.dial.y), green);
+    }
+}
+
+// The fewest frames of waiting at which the dial shows its frame 40, 39 ... 0.
+struct Dial {
+    int maxReloading;
+    int firstOfFrame[41];
+};
+
+const Dial dials[] = {
+    {120, {0,  3,  6,  9,  12, 15, 18, 21, 24, 27, 30, 33, 36, 39,  42,  45,  48,  51,  54,  57, 60,
+           63, 66, 69, 72, 75, 78, 81, 84, 87, 90, 93, 96, 99, 102, 105, 108, 111, 114, 117, 120}},
+    {300, {0,   8,   15,  23,  30,  38,  45,  53,  60,  68,  75,  83,  90,  98,
+           105, 113, 120, 128, 135, 143, 150, 158, 165, 173, 180, 188, 195, 203,
+           210, 218, 225, 233, 240, 248, 255, 263, 270, 278, 285, 293, 300}},
+};
+
+TEST_P(PlayerShipPanelTest, fillsTheDialInEqualSteps) {
+    for (const Dial& dial : dials) {
+        SCOPED_TRACE(dial.maxReloading);
+        int frame = 40;
+        for (int waiting = 0; waiting <= dial.maxReloading; ++waiting) {
+            if (frame > 0 && waiting == dial.firstOfFrame[41 - frame]) {
+                --frame;
+            }
+            // The dial is drawn after the timer has counted this frame.
+            shown->setReloading(waiting == 0 ? 0 : waiting + 1, dial.maxReloading);
+            update();
+            EXPECT_EQ(shownDialFrame(), frame) << waiting;
+        }
+        EXPECT_EQ(frame, 0);
+    }
+}
+
+TEST_P(PlayerShipPanelTest, looksLoadedTwoFramesEarly) {
+    hold(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
+    letGo(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
+    int frames = 0;
+    do {
+        update();
+        ++frames;
+    } while (shownDialFrame() != 40 && frames < 1000);
+    EXPECT_EQ(frames, 118);
+    EXPECT_EQ(shown->reloading, 2);
+}
+
+TEST_P(PlayerShipPanelTest, showsNothingOfTheTeleports) {
+    update();
+    const OwnedSurface before = copyOf(screen);
+    shown->teleportCounter = 0;
+    shown->teleportRecharge = 450;
+    update();
+    EXPECT_EQ(difference(before.get(), screen), "");
+}
+
+TEST_P(PlayerShipPanelTest, leavesOutAPictureThatIsMissing) {
+    for (const char* picture : {"lod1.png", "kruh.png", panel.picture}) {
+        SDL_FreeSurface(imagePool[picture]);
+        imagePool.erase(picture);
+    }
+    shown->hp = 25;
+    update();
+    EXPECT_EQ(firstOther(battle->world, {0, 0, 1300, 1300}, waterColour), "");
+    EXPECT_EQ(countOf(screen, black), 198 * 22);
+    EXPECT_EQ(countOf(screen, white), 800 * 600 - 198 * 22);
+}
+
+std::string panelName(const testing::TestParamInfo<Panel>& info) {
+    return "player" + std::to_string(info.param.playerId);
+}
+
+INSTANTIATE_TEST_SUITE_P(both, PlayerShipPanelTest, testing::ValuesIn(panels), panelName);
+
+TEST_F(PlayerShipDisplayTest, givesEveryOtherIdThePanelOfPlayer2) {
+    PlayerShip stranger(battle.get(), 3);
+    stranger.hp = 45;
+    stranger.update(battle->world);
+    EXPECT_EQ(firstOther(screen, {0, 0, 400, 600}, white), "");
+    EXPECT_EQ(firstOther(screen, {760, 578, 40, 22}, black), "");
+    EXPECT_EQ(pixel(screen, 712, 508), dialFrameColour(40));
+}
+
+} // namespace

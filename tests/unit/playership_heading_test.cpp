@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "playership.h"
+
+#include <cmath>
+#include <iterator>
+
+#include "duel.h"
+#include "main.h"
+#include "pictures.h"
+#include "rects.h"
+
+namespace {
+
+const int noPhase = -1;
+
+class PlayerShipHeadingTest : public DuelTest {
+protected:
+    void SetUp() override {
+        DuelTest::SetUp();
+        place(ship1, 0, 0);
+        canvas.reset(createSurface(100, 100));
+    }
+
+    // The phase of a heading, as the frame of the sheet that is drawn tells.
+    int phaseOf(double direction) {
+        ship1->direction = direction;
+        fillAll(canvas.get(), waterColour);
+        ship1->update(canvas.get());
+        for (int phase = 0; phase < 36; ++phase) {
+            if (pixel(canvas.get(), 50, 50) == shipFrameColour(phase)) {
+                return phase;
+            }
+        }
+        return noPhase;
+    }
+
+    OwnedSurface canvas;
+};
+
+struct HitBox {
+    double direction;
+    SDL_Rect box;
+};
+
+// For every phase a heading near its middle and the hit box of a ship at 400, 300.
+const HitBox hitBoxes[] = {
+    {4.82, {400, 330, 100, 40}}, {4.65, {403, 325, 95, 50}},  {4.47, {403, 320, 95, 60}},
+    {4.3, {405, 318, 90, 65}},   {4.13, {408, 313, 85, 75}},  {3.95, {413, 308, 75, 85}},
+    {3.78, {418, 305, 65, 90}},  {3.6, {420, 303, 60, 95}},   {3.43, {425, 303, 50, 95}},
+    {3.25, {430, 300, 40, 100}}, {3.08, {425, 303, 50, 95}},  {2.9, {420, 303, 60, 95}},
+    {2.73, {418, 305, 65, 90}},  {2.56, {413, 308, 75, 85}},  {2.38, {408, 313, 85, 75}},
+    {2.21, {405, 318, 90, 65}},  {2.03, {403, 320, 95, 60}},  {1.86, {403, 325, 95, 50}},
+    {1.68, {400, 330, 100, 40}}, {1.51, {403, 325, 95, 50}},  {1.33, {403, 320, 95, 60}},
+    {1.16, {405, 318, 90, 65}},  {0.98, {408, 313, 85, 75}},  {0.81, {413, 308, 75, 85}},
+    {0.64, {418, 305, 65, 90}},  {0.46, {420, 303, 60, 95}},  {0.29, {425, 303, 50, 95}},
+    {0.11, {430, 300, 40, 100}}, {-0.06, {425, 303, 50, 95}}, {-0.24, {420, 303, 60, 95}},
+    {-0.41, {418, 305, 65, 90}}, {-0.59, {413, 308, 75, 85}}, {-0.76, {408, 313, 85, 75}},
+    {-0.93, {405, 318, 90, 65}}, {-1.11, {403, 320, 95, 60}}, {-1.28, {403, 325, 95, 50}},
+};
+
+TEST_F(PlayerShipHeadingTest, hasAPhaseForEachThirtySixthOfATurn) {
+    ASSERT_EQ(std::size(hitBoxes), 36U);
+    for (int phase = 0; phase < 36; ++phase) {
+        EXPECT_EQ(phaseOf(hitBoxes[phase].direction), phase) << hitBoxes[phase].direction;
+    }
+}
+
+TEST_F(PlayerShipHeadingTest, isHitInABoxOfItsPhase) {
+    for (int phase = 0; phase < 36; ++phase) {
+        place(ship1, 400, 300, hitBoxes[phase].direction);
+        const SDL_Rect box = hitBoxes[phase].box;
+        EXPECT_THAT(ship1->myCollisionRect(), isRect(box.x, box.y, box.w, box.h)) << phase;
+    }
+}
+
+TEST_F(PlayerShipHeadingTest, hasTheSameHitBoxesForBothPlayers) {
+    place(ship2, 400, 300, 2.56);
+    EXPECT_THAT(ship2->myCollisionRect(), isRect(413, 308, 75, 85));
+}
+
+TEST_F(PlayerShipHeadingTest, halvesShipAndHitBoxEachByItself) {
+    place(ship1, 400, 300, 4.65);
+    ship1->rect.w = 99;
+    ship1->rect.h = 97;
+    EXPECT_THAT(ship1->myCollisionRect(), isRect(402, 323, 95, 50));
+}
+
+struct Phase {
+    double direction;
+    int phase;
+};
+
+// The headings with which a ship can start.
+const Phase startPhases[] = {
+    {0.0, 28}, {0.2, 26}, {0.4, 25}, {0.6, 24}, {0.8, 23}, {1.0, 22}, {1.2, 21},
+    {1.4, 20}, {1.6, 18}, {1.8, 17}, {2.0, 16}, {2.2, 15}, {2.4, 14}, {2.6, 13},
+    {2.8, 12}, {3.0, 10}, {3.2, 9},  {3.4, 8},  {3.6, 7},  {3.8, 6},
+};
+
+TEST_F(PlayerShipHeadingTest, hasTheseStartPhases) {
+    for (const Phase& start : startPhases) {
+        EXPECT_EQ(phaseOf(start.direction), start.phase) << start.direction;
+    }
+}
+
+const Phase farPhases[] = {
+    // Exactly along the axes, a ship has the phase next to the one that is drawn along the axis.
+    {headingLeft, 1},
+    {headingUp, 10},
+    {headingRight, 19},
+    {headingDown, 28},
+    // The same headings, reached by the other turn.
+    {-1.5707963267948966, 1},
+    {-3.141592653589793, 10},
+    {6.283185307179586, 28},
+    // The border between the last phase and the first.
+    {4.911, 0},
+    {4.9109, 0},
+    {4.9111, 35},
+    {-1.3709, 35},
+    {-1.3711, 0},
+    // Ten turns of 6.282 either way.
+    {64.5, 18},
+    {1.68, 18},
+    {-61.14, 18},
+    // After 148 true turns the phase has crept on by one.
+    {931.5914254625787, 17},
+    {-928.2314254625788, 19},
+    {100, 31},
+    {-100, 25},
+    {1000, 21},
+    {-1000, 34},
+    {12345.6, 19},
+    {-12345.6, 0},
+};
+
+TEST_F(PlayerShipHeadingTest, takesHeadingsOfAnySize) {
+    for (const Phase& far : farPhases) {
+        EXPECT_EQ(phaseOf(far.direction), far.phase) << far.direction;
+    }
+}
+
+TEST_F(PlayerShipHeadingTest, countsPhasesUpWhileItTurnsRight) {
+    int phase = phaseOf(3.0);
+    for (double direction = 3.0; direction > -20; direction -= 0.05) {
+        const int next = phaseOf(direction);
+        EXPECT_TRUE(next == phase || next == (phase + 1) % 36) << direction;
+        phase = next;
+    }
+}
+
+TEST_F(PlayerShipHeadingTest, hasAPhaseAtEveryHeadingNearTheLastBorder) {
+    for (int turn = -20; turn <= 20; ++turn) {
+        double direction = 4.911 + 6.282 * turn;
+        for (int i = 0; i < 20; ++i) {
+            direction = std::nextafter(direction, -1000.0);
+        }
+        for (int i = 0; i < 40; ++i) {
+            EXPECT_THAT(phaseOf(direction), testing::AnyOf(0, 35)) << turn << ", " << i;
+            direction = std::nextafter(direction, 1000.0);
+        }
+    }
+}
+
+TEST_F(PlayerShipHeadingTest, hasAPhaseInEveryFrameOfALongTurn) {
+    for (const SDLKey key : {SDLK_a, SDLK_d}) {
+        place(ship1, 0, 0);
+        hold(key);
+        for (int frame = 0; frame < 3000; ++frame) {
+            fillAll(canvas.get(), waterColour);
+            ship1->update(canvas.get());
+            ASSERT_FALSE(pixel(canvas.get(), 50, 50) == waterColour) << ship1->direction;
+        }
+        letGo(key);
+        play(1);
+    }
+}
+
+struct Touch {
+    const char* what;
+    SDL_Rect rect;
+    bool collides;
+};
+
+// Against the hit box 400, 330, 100 x 40.
+const Touch touches[] = {
+    {"inside", {440, 340, 20, 20}, true},
+    {"around", {0, 0, 1300, 1300}, true},
+    {"touching above", {440, 310, 20, 20}, false},
+    {"one row", {440, 311, 20, 20}, true},
+    {"touching below", {440, 370, 20, 20}, false},
+    {"the last row", {440, 369, 20, 20}, true},
+    {"touching at the left", {380, 340, 20, 20}, false},
+    {"the first column", {381, 340, 20, 20}, true},
+    {"touching at the right", {500, 340, 20, 20}, false},
+    {"the last column", {499, 340, 20, 20}, true},
+    {"in the ship's square above the box", {440, 300, 20, 30}, false},
+    {"a corner of the ship's square", {400, 300, 20, 20}, false},
+};
+
+TEST_F(PlayerShipHeadingTest, collidesWithWhatOverlapsTheHitBox) {
+    place(ship1, 400, 300, 4.82);
+    for (const Touch& touch : touches) {
+        EXPECT_EQ(ship1->collidesWith(touch.rect), touch.collides) << touch.what;
+    }
+}
+
+} // namespace

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <ctime>
+#include <functional>
+#include <vector>
+
+#include <SDL.h>
+
+// Gives the main loop scripted events and a clock that moves only when told to, or by SDL_Delay,
+// while it lives; one at a time. Delays are noted among the LibraryCalls.
+class VirtualFrames {
+public:
+    VirtualFrames();
+    ~VirtualFrames();
+    VirtualFrames(const VirtualFrames&) = delete;
+    VirtualFrames& operator=(const VirtualFrames&) = delete;
+
+    // What each frame polls. The frame after the last of them polls a quit event.
+    std::vector<std::vector<SDL_Event>> events;
+    std::function<void()> atStart; // runs when the first frame polls for the first time
+    Uint32 ticks;                  // milliseconds
+    Uint32 oversleep;              // what every SDL_Delay takes beyond what it was asked for
+    std::time_t seconds;           // of the calendar clock
+
+    // For the functions that stand before the library's.
+    int poll(SDL_Event* event);
+
+private:
+    std::size_t frame;
+    std::size_t next; // event of the frame
+};
