@@ -1,0 +1,76 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The intro: three pictures fade in one after the other; any key or click skips them."""
+
+import time
+
+from robots.artwork import difference
+
+INTRO_SECONDS = 601 * 0.016
+CONVERGED = 1.5  # mean difference of the channels from the finished picture
+FEW = slice(None, None, 4)  # every fourth pixel will do, and keeps the looks close together
+
+
+def watch_intro(stage, meant, menu):
+    """(seconds since the start, differences from the three pictures) until the menu is seen."""
+    samples = []
+
+    def record(picture):
+        few = picture[FEW, FEW]
+        samples.append((time.time() - stage.started, [difference(few, each) for each in meant]))
+        return difference(few, menu) < CONVERGED
+
+    stage.wait_for(record, "the menu after the intro", 60)
+    return samples[:-1], samples[-1][0]
+
+
+def best_moment(samples, picture):
+    return min(range(len(samples)), key=lambda i: samples[i][1][picture])
+
+
+def test_whole_intro_leads_to_the_menu(play, artwork):
+    meant = [artwork.centred("brannoc4f.png"), artwork.centred("presentsscreen1.png"),
+             artwork.title()]
+    meant = [picture[FEW, FEW] for picture in meant]
+    menu = artwork.menu()[FEW, FEW]
+    with play() as guide:
+        samples, menu_seen = watch_intro(guide.stage, meant, menu)
+        guide.stage.tap("Escape")
+
+    assert menu_seen >= INTRO_SECONDS
+    moments = [best_moment(samples, picture) for picture in (0, 1, 2)]
+    assert moments == sorted(moments)
+    for picture, moment in enumerate(moments):
+        assert samples[moment][1][picture] < CONVERGED
+    begin = 0
+    for picture, moment in enumerate(moments):
+        fading = [sample[1][picture] for sample in samples[begin:moment + 1]]
+        assert_fades(fading)
+        begin = moment
+
+
+def assert_fades(differences):
+    """Closer to the finished picture with every look, and in many small steps."""
+    assert all(later <= earlier + 0.3 for earlier, later in zip(differences, differences[1:]))
+    steps = {round(difference, 1) for difference in differences}
+    assert len(steps) >= 10, steps
+
+
+def test_key_skips_the_intro(play):
+    with play() as guide:
+        guide.await_first_picture()
+        seen = time.monotonic()
+        guide.stage.tap("F5")
+        guide.await_menu()
+        assert time.monotonic() - seen < INTRO_SECONDS / 2
+        guide.stage.tap("Escape")
+
+
+def test_click_skips_the_intro(play):
+    with play() as guide:
+        guide.await_first_picture()
+        seen = time.monotonic()
+        guide.stage.click(3)
+        guide.await_menu()
+        assert time.monotonic() - seen < INTRO_SECONDS / 2
+        guide.stage.tap("Escape")

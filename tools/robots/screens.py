@@ -1,0 +1,99 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The way through the screens around the battle: knowing them by their pixels, and their keys."""
+
+from functools import lru_cache
+
+from .artwork import BUTTON_HEIGHT, BUTTON_WIDTH, difference, likeness
+from .text import CREDITS_TITLE, HELP, game_over
+
+NEW_GAME, HELP_BUTTON, CREDITS_BUTTON, QUIT = range(4)
+# The whole display, but for a few blended pixels.
+SAME = 0.9995
+MORE_THAN_A_POINTER = 2000  # pixels
+# At the lower edge between the two bars only the pointer's tip shows, and covers nothing of note.
+PARKED = (397, 598)
+
+
+class Guide:
+    """Leads a stage from screen to screen. Every step waits until its screen is seen."""
+
+    def __init__(self, stage, artwork, writer, lookout):
+        self.stage = stage
+        self.artwork = artwork
+        self.writer = writer
+        self.lookout = lookout
+        self.menu_picture = lru_cache(maxsize=None)(artwork.menu)
+        self.text_picture = lru_cache(maxsize=None)(writer.screen)
+
+    def shows_menu(self, picture, focus=None):
+        return is_same(picture, self.menu_picture(focus))
+
+    def shows_text(self, picture, lines):
+        return is_same(picture, self.text_picture(lines))
+
+    def await_first_picture(self):
+        """Waits for the intro and takes the pointer away from all that is going to be compared."""
+        self.stage.wait_for(lambda picture: (picture != 0).sum() > MORE_THAN_A_POINTER,
+                            "the first picture", 40)
+        # Classic SDL 1.2 has moved it to the middle, onto the menu's buttons.
+        self.stage.point(*PARKED)
+
+    def await_menu(self, focus=None):
+        self.stage.wait_for(lambda picture: self.shows_menu(picture, focus),
+                            f"the menu with focus {focus}")
+
+    def await_text(self, lines):
+        self.stage.wait_for(lambda picture: self.shows_text(picture, lines), lines[0][1])
+
+    def await_help(self):
+        self.await_text(HELP)
+
+    def await_credits(self):
+        self.stage.wait_for(self.shows_credits, "the credits")
+
+    def shows_credits(self, picture):
+        """The title line as it should be, and three lines of names below it on black."""
+        title = self.text_picture((CREDITS_TITLE,))
+        height = self.writer.write("X").shape[0]
+        end = 300 - height // 2 - height
+        names = [picture[300 - height // 2 + height * line:][:height] for line in (0, 1, 2)]
+        return (is_same(picture[:end], title[:end])
+                and all((name == 0xFFFFFF).sum() > 50 for name in names)
+                and difference(picture[500:], title[500:]) < 1)
+
+    def await_game_over(self, winner):
+        self.await_text(game_over(winner))
+
+    def await_battle(self):
+        self.stage.wait_for(self.lookout.is_battle, "the battle")
+
+    def skip_intro(self):
+        self.await_first_picture()
+        self.stage.tap("x")
+        self.await_menu()
+
+    def focus(self, button):
+        """From a menu without a focus, one step down after the other."""
+        for step in range(button + 1):
+            self.stage.tap("Down")
+            self.await_menu(step)
+
+    def choose(self, button):
+        self.focus(button)
+        self.stage.tap("Return")
+
+    def start_battle(self):
+        self.choose(NEW_GAME)
+        self.await_battle()
+
+    def point_at(self, button):
+        x, y = self.artwork.button_places[button]
+        self.stage.point(x + BUTTON_WIDTH // 2, y + BUTTON_HEIGHT // 2)
+
+
+def is_same(picture, expected):
+    """True when all but a few pixels agree; most others are refused at a glance."""
+    few = slice(None, None, 8)
+    return (likeness(picture[few, few], expected[few, few]) > 0.99
+            and likeness(picture, expected) >= SAME)
