@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <regex>
 
 #include <linux/capability.h>
 #include <sys/prctl.h>
@@ -65,4 +66,9 @@ Outcome runProgram(const std::filesystem::path& program, const std::filesystem::
         execl(program.c_str(), program.c_str(), nullptr);
         _exit(cannotRun);
     });
+}
+
+std::string withoutSystemReasons(const std::string& messages) {
+    static const std::regex openFailure("(Couldn't open [^:\n]*): [^\n]*");
+    return std::regex_replace(messages, openFailure, "$1");
 }

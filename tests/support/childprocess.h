@@ -23,3 +23,7 @@ Outcome runInChild(const std::function<void()>& function);
 // Reading rights count even for root, so that tests may take them away.
 Outcome runProgram(const std::filesystem::path& program, const std::filesystem::path& directory,
                    const std::map<std::string, std::string>& environment);
+
+// The messages without the system's own reason for a file that could not be opened, which newer
+// libraries add after a colon.
+std::string withoutSystemReasons(const std::string& messages);

@@ -227,7 +227,7 @@ TEST_F(BarrierTest, isSeenInAViewport) {
 
 TEST_F(BarrierTest, leavesItsPictureInThePool) {
     SDL_Surface* picture = imagePool["prekazka1.png"];
-    { const Barrier barrier(battle.get(), 0); }
+    delete new Barrier(battle.get(), 0);
     battle->barriers.clear();
     EXPECT_EQ(imagePool["prekazka1.png"], picture);
     EXPECT_EQ(picture->refcount, 1);

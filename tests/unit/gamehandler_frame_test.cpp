@@ -51,9 +51,8 @@ TEST_F(GameHandlerFrameTest, laysTheSeaInTheClipRectangleOfTheBackground) {
 TEST_F(GameHandlerFrameTest, showsTheViewportsAfterAllObjects) {
     fillAll(screen, white);
     std::string found = "nothing";
-    battle->objects.push_back(new Probe([&](SDL_Surface*) {
-        found = firstOther(screen, {0, 0, 800, 500}, white);
-    }));
+    const auto look = [&](SDL_Surface*) { found = firstOther(screen, {0, 0, 800, 500}, white); };
+    battle->objects.push_back(new Probe(look));
     play(1);
     EXPECT_EQ(found, "");
     EXPECT_EQ(pixel(screen, 5, 5), waterColour);
