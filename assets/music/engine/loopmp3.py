@@ -24,16 +24,16 @@ def _encode(samples, options):
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
 
 
-def _frames(stream):
+def frames(stream):
     """Frames of an MPEG 2 layer III stream."""
-    frames, at = [], 0
+    found, at = [], 0
     while at + 4 <= len(stream):
         if stream[at] != 255 or stream[at + 1] & 0xfe != 0xf2:
             raise ValueError(f'no frame at byte {at}')
         size = 72 * BITRATES[stream[at + 2] >> 4] * 1000 // RATE + (stream[at + 2] >> 1 & 1)
-        frames.append(stream[at:at + size])
+        found.append(stream[at:at + size])
         at += size
-    return frames
+    return found
 
 
 def cut(samples, options):
@@ -42,9 +42,9 @@ def cut(samples, options):
     if rest:
         raise ValueError(f'{len(samples)} samples are not a whole number of frames')
     shift = -DELAY % FRAME
-    frames = _frames(_encode(np.roll(np.tile(samples, (3, 1)), shift, 0), options))
+    stream = _encode(np.roll(np.tile(samples, (3, 1)), shift, 0), options)
     first = count + (DELAY + shift) // FRAME
-    middle = frames[first:first + count]
+    middle = frames(stream)[first:first + count]
     if any(frame[6 if not frame[1] & 1 else 4] for frame in middle):
         raise ValueError('a frame uses the bit reservoir')
     return b''.join(middle)

@@ -14,6 +14,8 @@ from .synthesis import RATE, circle, read, render
 REFERENCE = -22.0          # RMS in dB of a part at level 0 while it plays
 ACTIVE = 0.06              # share of its loudest moment from which a part counts as playing
 CEILING = signal.gain(-2.8)  # leaves room for what encoding adds
+RIDE_FLOOR = -60.0           # dB below which the fader is not moved
+RIDE_SECONDS, RIDE_SMOOTH = 4.0, 2.0
 WORKERS = 2
 
 
@@ -81,11 +83,20 @@ def mix(score, clock, folder, parts):
     return dry + wet, {name: 10 * np.log10(e / total) for name, e in energy.items()}
 
 
+def _ride(samples, ratio):
+    """Narrows the range between soft and loud passages as a slow hand on the fader does.
+
+    It follows seconds, not beats: accents and the order of the sections by loudness stay.
+    """
+    return signal.compress(samples, RIDE_FLOOR, ratio, RIDE_SECONDS, RIDE_SMOOTH)
+
+
 def tone(score, samples):
     """Equalises and levels the whole; -16 dB RMS comes out."""
     samples = signal.equalise(samples, signal.highpass(36), signal.bell(300, -1.2),
                               signal.shelf(4500, score.mixing.get('treble', 4.0)),
                               signal.band_limit(10650))
+    samples = _ride(samples, score.mixing.get('ride', 1.0))
     samples = samples / np.sqrt((samples ** 2).mean()) * signal.gain(-16)
     return signal.compress(samples, -13, score.mixing.get('ratio', 1.4))
 

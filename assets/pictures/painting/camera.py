@@ -61,5 +61,6 @@ class Pose:
                              for x in GUN_PORTS[1:8:2]])
 
 
-FIRST = Pose('FirstShip', -4, 1.2, 214, (-73, -.6, -22))
-SECOND = Pose('SecondShip', 5, -.8, -42, (78, -.8, 8))
+# Far enough aside that the menu's panel, 255 to 545 across, hides neither bow.
+FIRST = Pose('FirstShip', -4, 1.2, 214, (-94, -.6, 10))
+SECOND = Pose('SecondShip', 5, -.8, -42, (88, -.8, 8))

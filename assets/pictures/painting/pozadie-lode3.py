@@ -25,11 +25,6 @@ HERE = Path(__file__).resolve().parent
 W, H = 800, 600
 SUN = (438, 348)
 HORIZON = 403
-# x, y, radius, density of the smoke that the wind has carried ahead of the guns.
-DRIFT_LEFT = ((228, 402, 15, .10), (246, 408, 14, .22), (262, 404, 20, .40), (292, 394, 27, .42),
-              (330, 382, 30, .32), (366, 366, 27, .18))
-DRIFT_RIGHT = ((582, 402, 14, .10), (566, 410, 13, .20), (548, 408, 18, .38), (524, 400, 25, .40),
-               (494, 388, 27, .28), (466, 374, 22, .16))
 Y, X = np.mgrid[0:H, 0:W].astype(float)
 
 
@@ -95,8 +90,17 @@ def gun_smoke(pose):
     ahead = np.sign(muzzles[0, 0] - muzzles[-1, 0])
     puffs = []
     for k, (x, y) in enumerate(muzzles):
-        puffs.append((x + ahead * 5, y - 3, 8 + k, .55))
-        puffs.append((x + ahead * (12 + 3 * k), y - 9 - 2 * k, 11 + 2.5 * k, .42 - .05 * k))
+        puffs.append((x + ahead * 3, y - 2, 8 + k, .50))
+        puffs.append((x + ahead * (10 + 3 * k), y - 8 - 3 * k, 12 + 3 * k, .30 - .03 * k))
+    return puffs + drift(muzzles[0], ahead)
+
+
+def drift(gun, ahead):
+    """Earlier smoke, which the wind from astern has carried past the bow as a thin veil."""
+    puffs = []
+    for step in np.linspace(0, 1, 7):
+        x, y = gun + np.array([ahead * (24 + 150 * step), -4 - 34 * step ** 1.4])
+        puffs.append((x, y, 13 + 17 * step, .16 - .10 * step))
     return puffs
 
 
@@ -173,7 +177,7 @@ def make(work):
     c = air(render(work))
     c = waterline(c, FIRST, 61)
     c = waterline(c, SECOND, 62)
-    c = smoke(c, (30, 300), (380, 150), gun_smoke(FIRST) + list(DRIFT_LEFT), 21, True)
-    c = smoke(c, (440, 310), (300, 140), gun_smoke(SECOND) + list(DRIFT_RIGHT), 35, False)
+    c = smoke(c, (0, 310), (380, 150), gun_smoke(FIRST), 21, True)
+    c = smoke(c, (440, 310), (360, 150), gun_smoke(SECOND), 35, False)
     picture = paint(grade(c), flashes(c))
     return Image.fromarray((picture * 255 + .5).astype('uint8'))

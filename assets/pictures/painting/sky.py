@@ -44,8 +44,9 @@ class Sky:
         d = self.from_sun
         glow = 1.15 * np.exp(-(d / 7.) ** 1.2) + .45 * np.exp(-d / 16.) + .6 * np.exp(-d / 2.6)
         self.colour += linear('ffd890') * glow[..., None]
-        disc = np.clip((1.15 - d) / .12, 0, 1)
-        self.colour += linear('fff3cf') * 6 * disc[..., None]
+        # No hard limb: through so much air the sun melts into its glow.
+        disc = 1 / (1 + np.exp((d - 1.1) / .17))
+        self.colour += linear('fff3cf') * 5 * disc[..., None]
 
     def clouds(self, seed, scale, cover, soft, light, dark, edge, amount, slope):
         """A layer at one height in perspective, lit from the sun's side."""

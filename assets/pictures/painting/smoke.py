@@ -20,18 +20,19 @@ def noise3(shape, seed, slope, lowest):
 def density(w, h, puffs, seed):
     shape = (DEPTH, h, w)
     z, y, x = np.mgrid[0:DEPTH, 0:h, 0:w].astype(np.float32)
-    ragged = .30 * noise3(shape, seed, 2.3, 5) + .15 * noise3(shape, seed + 1, 1.9, 14)
-    d, r = np.zeros(shape, np.float32), np.random.RandomState(seed + 2)
+    ragged = .26 * noise3(shape, seed, 2.3, 5) + .17 * noise3(shape, seed + 1, 1.7, 14)
+    clear, r = np.ones(shape, np.float32), np.random.RandomState(seed + 2)
     for px, py, size, strength in puffs:
-        for _ in range(9):
+        for _ in range(12):
             a = r.rand() * 6.28
-            cx = px + np.cos(a) * size * .55 * r.rand() ** .5 * 1.3
-            cy = py + np.sin(a) * size * .45 * r.rand() ** .5
+            cx = px + np.cos(a) * size * .85 * r.rand() ** .5
+            cy = py + np.sin(a) * size * .50 * r.rand() ** .5
             cz = DEPTH / 2 + r.normal() * min(size * .3, DEPTH * .16)
-            radius = size * (.38 + .34 * r.rand())
+            radius = size * (.30 + .45 * r.rand())
             away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged
-            d = np.maximum(d, np.clip((1.0 - away) / .5, 0, 1) * strength)
-    return d
+            # Balls melt into each other and thin out slowly: a hard edge looks like dough.
+            clear *= 1 - np.clip((1.15 - away) / 1.1, 0, 1) ** 1.5 * strength
+    return 1 - clear
 
 
 def before(d, axis):

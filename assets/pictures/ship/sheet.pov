@@ -5,6 +5,8 @@
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 8 }
 #declare ClothGlow = .24;
+// At noon sunlit brown is as light as the sea; the outline needs a tone well below it.
+#declare Tar = .3;
 #include "ship_textures.inc"
 #include "ship.inc"
 camera{ orthographic location <0,300,0> direction -y*300 up <0,0,100> right <100,0,0> }
