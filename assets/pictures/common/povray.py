@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Running POV-Ray on one thread, so that two runs give the same pixels."""
 import subprocess
+from pathlib import Path
 
 from common.palette import pov_include
 
@@ -21,6 +22,8 @@ def render(scene, product, size, libraries, alpha=True, threshold=.2, rows=None,
                '+UA' if alpha else '-UA', '-D', '+WT1', '+R2', '+AM2', '+A%g' % threshold, '-J']
     command += ['+ER%d' % rows] if rows else []
     command += libraries + ['Declare=%s=%g' % item for item in declared.items()]
-    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    # POV-Ray looks first where it runs: there, no stranger's sea.png may stand in for ours.
+    done = subprocess.run(command, capture_output=True, text=True, check=False,
+                          cwd=Path(product).parent)
     if done.returncode:
         raise RuntimeError('povray failed on %s:\n%s' % (scene, done.stderr[-600:]))

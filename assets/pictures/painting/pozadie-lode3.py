@@ -91,7 +91,7 @@ def gun_smoke(pose):
     puffs = []
     for k, (x, y) in enumerate(muzzles):
         puffs.append((x + ahead * 3, y - 2, 8 + k, .50))
-        puffs.append((x + ahead * (10 + 3 * k), y - 8 - 3 * k, 12 + 3 * k, .30 - .03 * k))
+        puffs.append((x + ahead * (10 + 3 * k), y - 8 - 3 * k, 12 + 2.5 * k, .22 - .02 * k))
     return puffs + drift(muzzles[0], ahead)
 
 
@@ -100,7 +100,7 @@ def drift(gun, ahead):
     puffs = []
     for step in np.linspace(0, 1, 7):
         x, y = gun + np.array([ahead * (24 + 150 * step), -4 - 34 * step ** 1.4])
-        puffs.append((x, y, 13 + 17 * step, .16 - .10 * step))
+        puffs.append((x, y, 13 + 17 * step, .14 - .09 * step))
     return puffs
 
 
