@@ -19,7 +19,6 @@ def noise3(shape, seed, slope, lowest):
 
 def density(w, h, puffs, seed):
     shape = (DEPTH, h, w)
-    z, y, x = np.mgrid[0:DEPTH, 0:h, 0:w].astype(np.float32)
     ragged = .26 * noise3(shape, seed, 2.3, 5) + .17 * noise3(shape, seed + 1, 1.7, 14)
     clear, r = np.ones(shape, np.float32), np.random.RandomState(seed + 2)
     for px, py, size, strength in puffs:
@@ -29,10 +28,20 @@ def density(w, h, puffs, seed):
             cy = py + np.sin(a) * size * .50 * r.rand() ** .5
             cz = DEPTH / 2 + r.normal() * min(size * .3, DEPTH * .16)
             radius = size * (.30 + .45 * r.rand())
-            away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged
-            # Balls melt into each other and thin out slowly: a hard edge looks like dough.
-            clear *= 1 - np.clip((1.15 - away) / 1.1, 0, 1) ** 1.5 * strength
+            ball(clear, ragged, (cz, cy, cx), radius, strength)
     return 1 - clear
+
+
+def ball(clear, ragged, middle, radius, strength):
+    """Balls melt into each other and thin out slowly: a hard edge looks like dough."""
+    # The raggedness carries no wisp further than this.
+    reach = 2.4 * radius
+    box = tuple(slice(max(0, int(at - reach)), max(0, min(n, int(at + reach) + 1)))
+                for at, n in zip(middle, clear.shape))
+    z, y, x = np.ogrid[box]
+    cz, cy, cx = middle
+    away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged[box]
+    clear[box] *= 1 - np.clip((1.15 - away) / 1.1, 0, 1) ** 1.5 * strength
 
 
 def before(d, axis):

@@ -53,7 +53,7 @@ def loading_face(c, r, angle, part):
 
 
 def loaded_face(c, r, angle):
-    green = linear('2f8f4e') * (1.25 - .5 * np.clip(r / FACE, 0, 1))[..., None]
+    green = linear('52c47c') * (1.25 - .5 * np.clip(r / FACE, 0, 1))[..., None]
     face = ticks(r, angle, 'f4fff0', green)
     step = 45.
     a = np.abs((angle + step / 2) % step - step / 2) * np.pi / 180 * r

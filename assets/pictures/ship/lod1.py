@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """The ship's sheet: 36 headings of 100 x 100, frame k turned k tens of degrees from left."""
 import json
+import os
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 import numpy as np
@@ -19,6 +21,9 @@ FRAME, COLUMNS, HEADINGS = 100, 6, 36
 BOX_W = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 TOLERANCE = 4
+# Samples a pixel, along each axis. A draft shows in half a minute what a change does.
+DRAFT = 'PICTURE_DRAFT' in os.environ
+FINE, COARSE = (2, 1) if DRAFT else (4, 2)
 
 
 def box(k):
@@ -36,9 +41,11 @@ def extent(ship):
 def render(k, work, libraries):
     scene = HERE / 'sheet.pov'
     hull, cast = work / ('ship%02d.png' % k), work / ('shadow%02d.png' % k)
-    povray.render(scene, hull, (400, 400), libraries, True, .15, Heading=k, Shadow=0)
-    povray.render(scene, cast, (200, 200), libraries, False, .3, Heading=k, Shadow=1)
-    return read_layer(hull, 4), read_light(cast)
+    for product, shadow, samples, threshold in ((hull, 0, FINE, .15), (cast, 1, COARSE, .3)):
+        size = FRAME * samples, FRAME * samples
+        povray.render(scene, product, size, libraries, not shadow, .9 if DRAFT else threshold,
+                      Heading=k, Shadow=shadow)
+    return read_layer(hull, FINE), read_light(cast)
 
 
 def border():
@@ -49,7 +56,8 @@ def border():
 
 def compose(k, ship, light):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
-    shade = reduce(gaussian_filter(1 - light, 1.5), 2) * .50 * np.clip(border() / 5, 0, 1)
+    dark = gaussian_filter(1 - light, .75 * COARSE)
+    shade = reduce(dark, COARSE) * .50 * np.clip(border() / 5, 0, 1)
     foam = reduce(wake.foam(k), wake.CELLS) * .95 * np.clip(border() / 4, 0, 1)
     under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
     return over(ship, under)
@@ -59,8 +67,10 @@ def make(work):
     libraries = povray.prepare(work, HERE)
     model.write(work / 'ship.inc', 'chart')
     sheet, errors = Image.new('RGBA', (FRAME * COLUMNS, FRAME * COLUMNS)), {}
-    for k in range(HEADINGS):
-        ship, light = render(k, work, libraries)
+    # A draft is built alone; otherwise the second processor builds other pictures.
+    with ThreadPoolExecutor(2 if DRAFT else 1) as pool:
+        frames = list(pool.map(lambda k: render(k, work, libraries), range(HEADINGS)))
+    for k, (ship, light) in enumerate(frames):
         errors[k] = [got - want for got, want in zip(extent(ship), box(k))]
         sheet.paste(to_image(compose(k, ship, light)), (k % COLUMNS * FRAME,
                                                         k // COLUMNS * FRAME))

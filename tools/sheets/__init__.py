@@ -1,0 +1,3 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Contact sheets of the pictures, and figures measured on them."""
