@@ -76,6 +76,25 @@ def test_dial_frames_are_keyed_round_and_differ_from_each_other():
         assert (numpy.abs(earlier - later).sum(axis=2) > 30).sum() >= 20
 
 
+def lightness(area):
+    return area[..., :3] @ numpy.array([0.2126, 0.7152, 0.0722])
+
+
+def test_loaded_dial_needs_no_eye_for_hues():
+    dial = pixels('kruh.png')
+    loaded, nearly = dial[0:69, 8 * 69:9 * 69], dial[4 * 69:5 * 69, 7 * 69:8 * 69]
+    face = ~magenta(loaded)
+    assert numpy.abs(lightness(loaded) - lightness(nearly))[face].mean() > 30
+
+
+def test_focused_button_needs_no_eye_for_hues():
+    strip = pixels('tlacitka.png')
+    for row in (2, 8, 9, 11):
+        normal, focused = (strip[top:top + 43] for top in (43 * row, 559 + 43 * row))
+        plate = (normal[..., 3] > 200) & (focused[..., 3] > 200)
+        assert (lightness(focused) - lightness(normal))[plate].mean() > 60
+
+
 def test_menu_fits_the_display():
     assert picture('logo.png').height + picture('menu.png').height <= 600
     # The four buttons lie inside the panel.
@@ -133,10 +152,13 @@ def test_barrier_fills_its_rectangle(name):
 
 
 def mp3_frames(data):
-    """The headers of all frames of an MPEG-2 Layer III file that holds nothing else."""
+    """The headers of all frames of an MPEG-2 Layer III file that holds only these and a tag."""
     bitrates = [0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160]
     rates = [22050, 24000, 16000]
+    # The tag before the first frame tells its own length in four times seven bits.
     place = 0
+    if data[:3] == b'ID3':
+        place = 10 + sum(byte << 7 * (3 - k) for k, byte in enumerate(data[6:10]))
     while place < len(data):
         header = int.from_bytes(data[place:place + 4], 'big')
         assert header >> 17 == 0b111111111111001  # sync, MPEG-2, layer III

@@ -6,6 +6,7 @@ from pathlib import Path
 
 SCORES = Path(__file__).resolve().parents[1]
 PRODUCTS = SCORES.parents[1] / 'data'
+PICTURES = SCORES.parents[1] / 'docs' / 'music'
 WORK = SCORES.parents[1] / 'build' / 'music'
 
 

@@ -24,9 +24,19 @@ def _encode(samples, options):
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
 
 
+def tag_size(stream):
+    """Bytes of the ID3v2 tag a stream begins with, 0 if there is none."""
+    if stream[:3] != b'ID3':
+        return 0
+    size = 0
+    for byte in stream[6:10]:
+        size = size << 7 | byte
+    return 10 + size
+
+
 def frames(stream):
-    """Frames of an MPEG 2 layer III stream."""
-    found, at = [], 0
+    """Frames of an MPEG 2 layer III stream, without its tag."""
+    found, at = [], tag_size(stream)
     while at + 4 <= len(stream):
         if stream[at] != 255 or stream[at + 1] & 0xfe != 0xf2:
             raise ValueError(f'no frame at byte {at}')
@@ -37,7 +47,7 @@ def frames(stream):
 
 
 def cut(samples, options):
-    """The loop as an MP3 file's bytes."""
+    """The loop as an MP3 file's bytes, after the tag if the options ask for one."""
     count, rest = divmod(len(samples), FRAME)
     if rest:
         raise ValueError(f'{len(samples)} samples are not a whole number of frames')
@@ -47,4 +57,4 @@ def cut(samples, options):
     middle = frames(stream)[first:first + count]
     if any(frame[6 if not frame[1] & 1 else 4] for frame in middle):
         raise ValueError('a frame uses the bit reservoir')
-    return b''.join(middle)
+    return stream[:tag_size(stream)] + b''.join(middle)

@@ -48,8 +48,17 @@ def bands(samples):
         for low, high in zip(BANDS, BANDS[1:])]
 
 
-def level_curve(samples, window=.4):
-    """RMS in dB of successive windows."""
-    size = int(window * RATE)
-    blocks = samples[:len(samples) // size * size].reshape(-1, size * 2)
-    return 10 * np.log10((blocks ** 2).mean(1) + 1e-9)
+def width(samples):
+    """Energy of the sides against the middle in dB, and correlation of left and right."""
+    left, right = samples.T
+    sides = 10 * np.log10(((left - right) ** 2).sum() / ((left + right) ** 2).sum() + 1e-9)
+    return sides, (left * right).sum() / np.sqrt((left ** 2).sum() * (right ** 2).sum())
+
+
+def loudness_curve(path):
+    """Seconds, momentary and short-term loudness (LUFS) of a file."""
+    text = subprocess.run(['ffmpeg', '-v', 'error', '-i', path, '-af',
+                           'ebur128=metadata=1,ametadata=print:file=-', '-f', 'null', '-'],
+                          check=True, stdout=subprocess.PIPE).stdout.decode()
+    found = re.findall(r'pts_time:(\S+)\s.*?\.M=(\S+)\s.*?\.S=(\S+)', text, re.DOTALL)
+    return np.array(found, float).T

@@ -40,10 +40,21 @@ def loop_clock(score):
     return Clock(score, frames * FRAME / GAME_RATE)
 
 
+def section_borders(score, clock):
+    """Seconds at which the sections begin, and the end."""
+    bars = [section.start for section in score.sections] + [score.bars]
+    return [clock(bar * score.quavers) for bar in bars]
+
+
+def sounding_parts(score):
+    """Parts that have something to play."""
+    return [part for part in score.parts.values() if part.notes]
+
+
 def render_parts(score, clock, folder):
     """MIDI and sound of every part in a folder."""
     folder.mkdir(parents=True, exist_ok=True)
-    parts = [part for part in score.parts.values() if part.notes]
+    parts = sounding_parts(score)
     for part in parts:
         write_midi(score, part, clock, folder / f'{part.name}.mid')
     with ThreadPoolExecutor(WORKERS) as pool:
@@ -67,20 +78,34 @@ def _treat(part, samples):
     return signal.place(samples, part.pan, instrument.width) * wanted / _steady_level(samples)
 
 
-def mix(score, clock, folder, parts):
-    """The unmastered loop, and each part's share of its energy in dB."""
+def _stems(score, clock, folder, parts):
+    """(part, samples) as they go into the mix, before the hall."""
     length = round(clock.total * RATE)
-    dry, send, energy = np.zeros((length, 2)), np.zeros((length, 2)), {}
     for part in parts:
-        samples = _treat(part, circle(read(folder / f'{part.name}.wav'), length))
-        energy[part.name] = (samples ** 2).mean()
+        yield part, _treat(part, circle(read(folder / f'{part.name}.wav'), length))
+
+
+def mix(score, clock, folder, parts):
+    """The unmastered loop."""
+    dry = np.zeros((round(clock.total * RATE), 2))
+    send = np.zeros_like(dry)
+    for part, samples in _stems(score, clock, folder, parts):
         dry += samples
         send += samples * signal.gain(part.instrument.reverb)
     hall = signal.hall(score.mixing.get('hall', 1.9))
     wet = signal.reverberate(signal.equalise(send, signal.highpass(140),
                                              signal.lowpass(7500, 1)), hall)
+    return dry + wet
+
+
+def balance(score, clock, folder):
+    """{part: dB of the stems' energy in every section, and in the whole piece}."""
+    borders = [round(at * RATE) for at in section_borders(score, clock)]
+    spans = [*zip(borders, borders[1:]), (0, borders[-1])]
+    energy = {part.name: np.array([(samples[a:b] ** 2).sum() for a, b in spans])
+              for part, samples in _stems(score, clock, folder, sounding_parts(score))}
     total = sum(energy.values())
-    return dry + wet, {name: 10 * np.log10(e / total) for name, e in energy.items()}
+    return {name: 10 * np.log10(e / total + 1e-9) for name, e in energy.items()}
 
 
 def _ride(samples, ratio):

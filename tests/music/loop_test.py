@@ -1,0 +1,195 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""SDL_mixer repeats every piece without a gap, a silence or a click.
+
+The pieces are played by the real mixer into a file, by way of SDL's disk driver. Nothing here
+depends on how fast that goes.
+"""
+import os
+import subprocess
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+import numpy
+import pytest
+
+from engine import loopmp3
+
+DATA = Path(__file__).resolve().parents[2] / 'data'
+PIECES = sorted(DATA.glob('music*.mp3'))
+PLAYER = os.environ.get('MUSIC_PLAYER')
+PATIENCE = 60                   # seconds
+SEAMS = 3
+NEAR = .14                      # seconds on either side of a seam that are looked at
+SETTLED = .11                   # seconds after which it no longer matters where decoding began
+QUIET = 65 / 32768              # -54 dB
+LONGEST_SILENCE = .005          # seconds
+UNHEARD = -60                   # dB of the music
+
+pytestmark = pytest.mark.skipif(not PLAYER, reason='MUSIC_PLAYER names no player')
+
+
+def loaded_libraries(process):
+    """The SDL libraries a process has loaded, under their real names."""
+    maps = Path(f'/proc/{process.pid}/maps').read_text().split()
+    return {Path(word) for word in maps if '/libSDL-1.2.so' in word}
+
+
+def output_rate(libraries):
+    """The compatibility library opens the device at a rate of its own and converts."""
+    return 44100 if any('.so.1.2.' in library.name for library in libraries) else loopmp3.RATE
+
+
+def first_sounds(raw, count):
+    """That many samples from the first sound on, or None if there are not so many yet."""
+    if not raw.exists() or raw.stat().st_size < count * 4:
+        return None
+    samples = numpy.fromfile(raw, '<i2')
+    samples = samples[:len(samples) // 2 * 2].reshape(-1, 2)
+    # The mixer runs for a while before the music begins.
+    sounding = samples.any(axis=1)
+    start = int(sounding.argmax()) if sounding.any() else len(samples)
+    return samples[start:start + count] / 32768 if start + count <= len(samples) else None
+
+
+def recording(piece, seconds):
+    """What the mixer plays, its rate and the SDL libraries in use."""
+    raw, libraries, sound = piece.with_suffix('.raw'), set(), None
+    environment = {**os.environ, 'SDL_VIDEODRIVER': 'dummy', 'SDL_AUDIODRIVER': 'disk',
+                   'SDL_DISKAUDIOFILE': str(raw), 'SDL_DISKAUDIODELAY': '0'}
+    with subprocess.Popen([PLAYER, piece, str(PATIENCE * 1000)], env=environment,
+                          stderr=subprocess.PIPE) as process:
+        while process.poll() is None and sound is None:
+            time.sleep(.05)
+            libraries = libraries or loaded_libraries(process)
+            rate = output_rate(libraries)
+            sound = first_sounds(raw, int(seconds * rate)) if libraries else None
+        process.kill()
+        complaint = process.stderr.read().decode()
+    raw.unlink(missing_ok=True)
+    assert sound is not None, complaint
+    return sound, rate, libraries
+
+
+@dataclass
+class Played:
+    """A piece in the mixer's hands: its sound over the seams, and where no seam is."""
+    frames: list
+    sound: numpy.ndarray
+    unbroken: numpy.ndarray
+    rate: int
+    libraries: set
+
+    @property
+    def length(self):
+        """Samples in a round."""
+        return len(self.frames) * loopmp3.FRAME * self.rate // loopmp3.RATE
+
+    @property
+    def settled(self):
+        return round(SETTLED * self.rate)
+
+    def rounds(self):
+        return [self.sound[self.length * number:][:self.length] for number in range(SEAMS)]
+
+    def seams(self):
+        return [around(self.sound, self.length * number, self.rate)
+                for number in range(1, SEAMS + 1)]
+
+
+def around(sound, place, rate):
+    near = round(NEAR * rate)
+    return sound[place - near:place + near]
+
+
+def play(data, folder):
+    """Plays a piece, and once more begun in the middle.
+
+    Then the same frames follow each other across the seam as anywhere else in the file.
+    """
+    frames = loopmp3.frames(data)
+    first, last = frames[:len(frames) // 2], frames[len(frames) // 2:]
+    whole, turned = folder / 'whole.mp3', folder / 'turned.mp3'
+    whole.write_bytes(data)
+    turned.write_bytes(b''.join(last + first))
+    seconds = len(frames) * loopmp3.FRAME / loopmp3.RATE
+    sound, rate, libraries = recording(whole, SEAMS * seconds + 1)
+    other, *_ = recording(turned, seconds)
+    middle = len(last) * loopmp3.FRAME * rate // loopmp3.RATE
+    return Played(frames, sound, around(other, middle, rate), rate, libraries)
+
+
+@pytest.fixture(scope='module', name='played', params=PIECES, ids=lambda path: path.stem)
+def played_by_the_mixer(request, tmp_path_factory):
+    return play(request.param.read_bytes(), tmp_path_factory.mktemp('music'))
+
+
+def decibels(part, whole):
+    """Power of a part relative to that of the whole."""
+    return 10 * numpy.log10((part ** 2).sum() / (whole ** 2).sum() + 1e-12)
+
+
+def longest_run(flags):
+    longest = run = 0
+    for flag in flags:
+        run = run + 1 if flag else 0
+        longest = max(longest, run)
+    return longest
+
+
+def largest_step(samples):
+    return numpy.abs(numpy.diff(samples, axis=0)).max()
+
+
+def shifted(sound, model):
+    """The part of a sound that is most like the middle of a model, and that middle."""
+    margin = len(model) // 4
+    middle = model[margin:-margin]
+    at = int(numpy.correlate(sound[:, 0], middle[:, 0], 'valid').argmax())
+    return sound[at:at + len(middle)], middle
+
+
+def error_of_seam(seam, unbroken):
+    heard, wanted = shifted(seam, unbroken)
+    return decibels(heard - wanted, wanted)
+
+
+def test_runs_on_the_library_asked_for(played):
+    assert played.libraries
+    asked = Path(os.environ.get('LD_LIBRARY_PATH', '').split(':')[0]).resolve()
+    if (asked / 'libSDL-1.2.so.0').exists():
+        assert {library.parent for library in played.libraries} == {asked}
+
+
+def test_every_round_lasts_as_long_as_the_file(played):
+    first, *others = [sound[played.settled:] for sound in played.rounds()]
+    assert len(others) >= 2
+    for other in others:
+        assert decibels(other - first, first) < UNHEARD
+
+
+def test_no_silence_at_the_seams(played):
+    for seam in played.seams():
+        quiet = (numpy.abs(seam) < QUIET).all(axis=1)
+        assert longest_run(quiet) / played.rate <= LONGEST_SILENCE
+
+
+def test_no_step_at_the_seams_larger_than_inside(played):
+    inside = largest_step(played.rounds()[0][played.settled:-played.settled])
+    for seam in played.seams():
+        assert largest_step(seam) <= inside
+
+
+def test_seams_sound_as_if_there_were_none(played):
+    for seam in played.seams():
+        assert error_of_seam(seam, played.unbroken) < UNHEARD
+
+
+def test_a_lost_frame_would_be_noticed(played, tmp_path):
+    # The measurement above can fail.
+    short = tmp_path / 'short.mp3'
+    short.write_bytes(b''.join(played.frames[:-1]))
+    sound, rate, _ = recording(short, played.length / played.rate + 1)
+    end = played.length - loopmp3.FRAME * rate // loopmp3.RATE
+    assert error_of_seam(around(sound, end, rate), played.unbroken) > UNHEARD
