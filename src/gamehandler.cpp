@@ -69,8 +69,8 @@ GameHandler::GameHandler() {
     objects.push_back(ship2);
     bullet1->shipsWereInitialized();
     bullet2->shipsWereInitialized();
-    // One retry only, and the new place is not checked again; that is meant. The ships can still
-    // start in one row or column, rarely enough to stay a surprise.
+    // One retry only, and the new place is not checked again; that is meant: the ships seldom, but
+    // sometimes, start in each other's line of fire.
     if (ship1->rect.x == ship2->rect.x || ship1->rect.y == ship2->rect.y) {
         ship2->relocate();
     }

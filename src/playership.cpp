@@ -124,7 +124,7 @@ PlayerShip::PlayerShip(GameHandler* battle, int player)
     velocity = 0;
     teleportRecharge = 0;
     teleportCounter = teleportsPerBattle;
-    // No ship starts heading between 3.8 and 2 pi; that is meant, and both sides know it.
+    // Never between 3.8 and 2 pi, and meant: no ship starts towards the near border on the left.
     direction = (rand() % 20) / 5.0;
     shipSpeed = traitsOf(playerId).topSpeed;
     relocate();
