@@ -7,7 +7,7 @@ from pathlib import Path
 import numpy
 import pytest
 from fontTools.ttLib import TTFont
-from PIL import Image, ImageFont
+from PIL import Image, ImageDraw, ImageFont
 
 ROOT = Path(__file__).resolve().parents[2]
 DATA = ROOT / 'data'
@@ -31,6 +31,9 @@ PICTURES = {
     'prekazka2.png': (None, True),
     'prekazka3.png': (None, True),
 }
+
+# Drawn whole in every frame, and with a solid alpha channel packed into runs by SDL 1.2.
+PACKED = {'pozadie-lode3.png', 'bar1.png', 'bar2.png'}
 
 HIT_BOX = [(100, 40), (95, 50), (95, 60), (90, 65), (85, 75), (75, 85), (65, 90), (60, 95),
            (50, 95)]
@@ -58,7 +61,7 @@ def test_picture_has_its_size_and_transparency(name):
     size, has_alpha = PICTURES[name]
     if size is not None:
         assert picture(name).size == size
-    assert picture(name).mode == ('RGBA' if has_alpha else 'RGB')
+    assert picture(name).mode == ('RGBA' if has_alpha or name in PACKED else 'RGB')
 
 
 @pytest.mark.parametrize('name', [name for name, (_, alpha) in PICTURES.items()
@@ -104,6 +107,8 @@ def test_menu_fits_the_display():
 def test_every_button_row_holds_a_plate_and_the_highlight_differs():
     strip = pixels('tlacitka.png')
     for row in range(13):
+        # Words or an emblem stand on the plate: gold on dark wood, ink on lit wood.
+        assert lightness(strip[43 * row + 12:43 * row + 30, 30:170]).std() > 20
         normal = strip[43 * row:43 * row + 43]
         highlighted = strip[559 + 43 * row:559 + 43 * row + 43]
         assert (normal[..., 3] > 200).mean() > 0.5
@@ -141,6 +146,66 @@ def test_ship_is_hit_where_it_is_seen(phase):
     left, top = 50 - width // 2, 50 - height // 2
     assert abs(columns.min() - left) <= 4 and abs(columns.max() + 1 - left - width) <= 4
     assert abs(rows.min() - top) <= 4 and abs(rows.max() + 1 - top - height) <= 4
+
+
+def luminance(colours):
+    value = colours / 255
+    linear = numpy.where(value <= 0.04045, value / 12.92, ((value + 0.055) / 1.055) ** 2.4)
+    return linear @ numpy.array([0.2126, 0.7152, 0.0722])
+
+
+def without_holes(mask):
+    """The mask with everything added that it encloses."""
+    ground = Image.fromarray(numpy.pad(mask, 1).astype(numpy.uint8)).copy()
+    ImageDraw.floodfill(ground, (0, 0), 2)
+    return numpy.asarray(ground)[1:-1, 1:-1] != 2
+
+
+def neighbours(mask, beyond):
+    """The mask moved by -1, 0 and 1 along both axes, as an array of 3 x 3 masks."""
+    wide = numpy.pad(mask, 1, constant_values=beyond)
+    height, width = mask.shape
+    return numpy.array([[wide[y:y + height, x:x + width] for x in range(3)] for y in range(3)])
+
+
+@pytest.mark.parametrize('phase', range(36))
+def test_ships_outline_stands_out_from_the_sea(phase):
+    x, y = phase % 6 * 100, phase // 6 * 100
+    ship = pixels('lod1.png')[y:y + 100, x:x + 100]
+    water = pixels('voda.png')[..., :3]
+    sea = luminance(water).mean()
+    cover = ship[..., 3:] / 255
+    seen = luminance(ship[..., :3] * cover + water.mean((0, 1)) * (1 - cover))
+    body = without_holes((ship[..., 3] > 127) & (ship[..., 0] > ship[..., 2]))
+    lighter, darker = numpy.maximum(seen, sea), numpy.minimum(seen, sea)
+    clear = body & ((lighter + 0.05) / (darker + 0.05) >= 3)
+    beside = neighbours(~body, True)
+    outline = body & (beside[0, 1] | beside[1, 0] | beside[1, 2] | beside[2, 1])
+    # A clear tone on the outermost pixel or on the one beside it.
+    assert neighbours(clear, False).any((0, 1))[outline].mean() >= 0.9
+
+
+@pytest.mark.parametrize('name', sorted(PACKED))
+def test_packed_picture_is_solid(name):
+    assert (pixels(name)[..., 3] == 255).all()
+
+
+@pytest.mark.parametrize('name', [name for name, (_, alpha) in PICTURES.items() if alpha])
+def test_alpha_is_none_or_all_where_nobody_could_tell(name):
+    # The game blends every pixel in between one by one, in every frame.
+    alpha = pixels(name)[..., 3]
+    assert not ((alpha > 0) & (alpha <= 4)).any()
+    assert not ((alpha >= 251) & (alpha < 255)).any()
+
+
+@pytest.mark.parametrize('name', ['prekazka1.png', 'prekazka2.png', 'prekazka3.png'])
+def test_barriers_edge_wanders_close_to_its_rectangle(name):
+    solid = pixels(name)[..., 3] > 127
+    for side in (solid, solid[::-1], solid.T, solid.T[::-1]):
+        away = side.argmax(axis=0)
+        away = away[len(away) // 4:-(len(away) // 4)]
+        # Not cut straight, but no ship is stopped where the water looks open either.
+        assert away.std() > 0.3 and away.mean() < 8
 
 
 @pytest.mark.parametrize('name', ['prekazka1.png', 'prekazka2.png', 'prekazka3.png'])

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Supersampled drawing surface for the panels: lengths are picture pixels throughout."""
+"""Supersampled drawing surface for the panels: lengths are picture pixels throughout.
+
+To change: SCALE, cells a pixel, trades time for smoother edges in every panel.
+"""
 from functools import lru_cache
 
 import numpy as np

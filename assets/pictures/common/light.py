@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Light: the one sun of the battle, and the conversions between sRGB and linear light."""
+"""Light: the one sun of the battle, and the conversions between sRGB and linear light.
+
+To change: SUN for sea and islands (with SunDir in the scenes), LAMP for panels and letters.
+"""
 import numpy as np
 
 # Towards the sun, picture axes (x right, y down, z to the viewer): upper left, 58 degrees up.

@@ -4,6 +4,8 @@
 
 Values are sRGB. All shading is done in linear light, so `linear` is what the generators
 use; POV-Ray reads the same table through `pov_include`.
+
+To change a colour: edit SRGB or a ramp here, then build what shows it.
 """
 from common.light import srgb_to_linear
 
@@ -18,7 +20,7 @@ SRGB = {
     # ship
     'sail': 'fcf2d6', 'seam': 'dbc9a3', 'deck': 'c28c52', 'deck_light': 'dead6e',
     'rail': 'cc8538', 'hull': '33190f', 'stripe': 'cc9433', 'bulwark': '942619',
-    'gun': '171719', 'pennant': 'cc1f17',
+    'gun': '171719', 'pennant': 'cc1f17', 'tar': '150b06',
     # panels
     'ink': '3e1e0c', 'hp_dark': 'aa2018', 'hp_light': 'd64e34', 'night': '050304',
     'crimson': '8c1a18', 'navy': '1d3f78', 'silver': 'e6edf2', 'ready': '9fe8a0',

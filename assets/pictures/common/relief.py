@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Materials for panels and letters: metal, wood and parchment from height maps."""
+"""Materials for panels and letters: metal, wood and parchment from height maps.
+
+To change: one function a material; its ramp of colours comes from the palette.
+"""
 import numpy as np
 
 from common.light import LAMP, halfway, normals

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // A barrier from straight above, W x H pixels, its highest cell at Top, its sea floor at -4.
 // Shadow: 1 renders only the shadow it casts on the water.
+// To change: the lights below; heights and colours come as height.png and ground.png.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #include "flora.inc"

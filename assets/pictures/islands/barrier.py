@@ -1,6 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""From heights, ground colours and plants to the finished barrier in its surf."""
+"""From heights, ground colours and plants to the finished barrier in its surf.
+
+To change: `lagoon` and `surf` colour the water, `shoal` lays out its edge; how wide each is,
+every barrier says itself in its `make`.
+"""
 from pathlib import Path
 
 import numpy as np
@@ -35,11 +39,16 @@ def render(g, work):
     return read_layer(land, CELLS), read_light(cast)
 
 
-def rounded_ramp(g, radius, width):
-    """1 inside the barrier's rounded rectangle, fading to 0 over its last `width` pixels."""
-    qx, qy = np.abs(g.x) - (g.w / 2 - radius), np.abs(g.y) - (g.h / 2 - radius)
+def shoal(g, corner, ragged):
+    """How far inside the shoal's edge a cell lies. The edge fills the barrier's rectangle up to
+    rounded corners, since a ship is stopped there, but wanders as the edge of a reef does.
+    """
+    qx, qy = np.abs(g.x) - (g.w / 2 - corner), np.abs(g.y) - (g.h / 2 - corner)
     outside = np.hypot(np.clip(qx, 0, None), np.clip(qy, 0, None))
-    return smoothstep(radius - outside - np.minimum(np.maximum(qx, qy), 0), 0, width)
+    inside = corner - outside - np.minimum(np.maximum(qx, qy), 0)
+    bays = g.noise(1.5, 64, 14, 73) + .45 * g.noise(1.2, 14, 5, 74) + .22 * g.noise(1., 5, 2, 75)
+    # Only inwards: beyond the rectangle nothing can be drawn, so what stands out is cut straight.
+    return inside - ragged * np.clip(.55 + .55 * bays, 0, 2.2)
 
 
 def lagoon(g, reach, pale, wide, fine):
@@ -49,6 +58,9 @@ def lagoon(g, reach, pale, wide, fine):
     colour = linear('lagoon_pale') * (1 - depth[..., None] ** pale)
     colour = colour + linear('lagoon') * depth[..., None] ** pale
     mottled = 1 + .05 * wide + .05 * fine
+    # Weed and coral show dark through the deeper half.
+    coral = smoothstep(g.noise(1.4, 26, 5, 76), .5, 1.5) * smoothstep(d, .3 * reach, .7 * reach)
+    colour = colour + (linear('sea_light') - colour) * .6 * coral[..., None]
     cover = np.exp(-np.clip(d / reach - .35, 0, None) ** 2 * 1.5) * .94
     return layer(colour * mottled[..., None], np.clip(cover, 0, .96))
 
@@ -64,11 +76,19 @@ def surf(g, breakers, wide, fine):
     return np.clip(foam, 0, 1)
 
 
-def compose(g, land, light, corner, fade, reach, pale, breakers):
+def outer_surf(inside, fade, wide, fine):
+    """The swell breaking over the shoal's edge, in patches: it tells where a ship is stopped."""
+    line = np.exp(-((inside - .55 * fade + .5 * fine) / (.22 * fade)) ** 2)
+    return line * np.clip(.30 + .42 * wide + .30 * fine, 0, 1)
+
+
+def compose(g, land, light, corner, fade, ragged, reach, pale, breakers):
     wide, fine = g.noise(1.2, 22, 3, 71), g.noise(.9, 7, 1.2, 72)
-    ramp = rounded_ramp(g, corner, fade)
+    inside = shoal(g, corner, ragged)
+    ramp = smoothstep(inside, 0, fade)
     water = lagoon(g, reach, pale, wide, fine)
-    water = over(layer(linear('foam'), surf(g, breakers, wide, fine) * .95), water)
+    foam = np.maximum(surf(g, breakers, wide, fine), outer_surf(inside, fade, wide, fine))
+    water = over(layer(linear('foam'), foam * .95), water)
     light = np.clip(light / np.percentile(light, 98), 0, 1)
     water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .5), water)
     return over(land, reduce(water * ramp[..., None], CELLS))

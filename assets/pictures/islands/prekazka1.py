@@ -1,6 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Barrier kind 0: an island with hills, woods, clearings and a landing place, 220 x 180."""
+"""Barrier kind 0: an island with hills, woods, clearings and a landing place, 220 x 180.
+
+To change: `coast` draws the outline, `heights` the hills, `clearing` and `path` the ways; LANDING,
+FIELD and JETTY are the settlement's places; the numbers in `make` are the lagoon's.
+"""
 import numpy as np
 from scipy.ndimage import gaussian_filter
 
@@ -9,6 +13,7 @@ from islands import barrier
 from islands.terrain import CELLS, Ground, lerp, srgb
 
 LANDING = (34, 46)          # the huts' clearing
+FIELD = (-47, 40)
 JETTY = (56, 56)
 
 
@@ -39,7 +44,7 @@ def heights():
 def clearing(g):
     """1 where no wood grows: round the huts, along the path and in two meadows."""
     x, y = LANDING
-    bare = np.maximum(g.hump(x, y, 17, 13), g.hump(-50, 40, 26, 15) * .95)
+    bare = np.maximum(g.hump(x, y, 17, 13), g.hump(-50, 40, 27, 17) * .95)
     bare = np.maximum(bare, g.hump(70, 2, 15, 20) * .9)
     return np.maximum(bare, path(g))
 
@@ -52,6 +57,15 @@ def path(g):
     return np.exp(-((g.x - middle) / 2.2) ** 2) * along
 
 
+def field(g):
+    """The settlers' field: where it lies, and the green of its rows."""
+    x, y = g.x - FIELD[0], g.y - FIELD[1]
+    u, v = .94 * x + .34 * y, .94 * y - .34 * x
+    edge = .5 * g.noise(1.2, 12, 3, 56)
+    inside = np.minimum(14 - np.abs(u), 8.5 - np.abs(v)) + edge
+    return smoothstep(inside, 0, 1.2), smoothstep(np.sin(2.3 * v), -.35, .45)
+
+
 def ground(g):
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
@@ -62,7 +76,11 @@ def ground(g):
     c = lerp(c, srgb('grass') + tint + .02 * spots, green)
     meadow = np.maximum(smoothstep(g.noise(1.5, 50, 8, 54), .2, 1.2) * .55, clearing(g) * .9)
     c = lerp(c, srgb('meadow') * 1.12 + .03 * spots, green * meadow)
-    c = lerp(c, srgb('sand') * .92 + .02 * spots, smoothstep(path(g), .3, .8) * .8)
+    plot, furrows = field(g)
+    crops = lerp(srgb('earth') * .95 + .02 * spots, srgb('meadow') * 1.25 + .02 * spots, furrows)
+    c = lerp(c, crops, green * plot * .9)
+    trodden = np.maximum(path(g), .9 * g.hump(LANDING[0] - 3, LANDING[1], 15, 9))
+    c = lerp(c, srgb('sand') * .92 + .02 * spots, smoothstep(trodden, .3, .8) * .8)
     stone = srgb('rock') + .03 * broad[..., None] + .045 * spots
     cliff = smoothstep(g.slope + .16 * broad, .85, 1.25) * smoothstep(g.inland, 3, 8)
     c = lerp(c, stone, cliff)
@@ -115,5 +133,5 @@ def make(work):
     g = heights()
     g.colour = ground(g)
     plants = bushes(g) + palms(g) + settlement(g)
-    return barrier.make(g, plants, work, corner=26, fade=4, reach=17, pale=.7,
+    return barrier.make(g, plants, work, corner=36, fade=6, ragged=3.2, reach=17, pale=.7,
                         breakers=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))

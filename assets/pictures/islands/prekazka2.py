@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Barrier kind 1: a reef of boulders round a sandbank in breaking surf, 130 x 100."""
+"""Barrier kind 1: a reef of boulders round a sandbank in breaking surf, 130 x 100.
+
+To change: BOULDERS, the sandbank in `heights`, and the numbers of the lagoon in `make`.
+"""
 import numpy as np
 from scipy.ndimage import gaussian_filter
 
@@ -45,5 +48,5 @@ def sand_over(g, colour):
 def make(work):
     g = heights()
     g.colour = sand_over(g, bare_rock(g))
-    return barrier.make(g, [], work, corner=17, fade=3.5, reach=9, pale=.8,
+    return barrier.make(g, [], work, corner=27, fade=4.5, ragged=3.2, reach=9, pale=.8,
                         breakers=((4.6, .9, .8, .4), (8., .7, .6, .25)))

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Barrier kind 2: a single rock awash, 60 x 60."""
+"""Barrier kind 2: a single rock awash, 60 x 60.
+
+To change: BOULDERS, and the numbers of the lagoon in `make`.
+"""
 import numpy as np
 
 from islands import barrier
@@ -8,9 +11,9 @@ from islands.terrain import Ground, bare_rock
 
 # x, y, radius, height of the boulders for a rock of 80 x 80, scaled to this one.
 BOULDERS = (
-    (-5, -6, 27, 36), (11, 8, 21, 26), (-14, 15, 18, 20), (18, -15, 17, 20),
-    (-22, -20, 14, 11), (22, 22, 13, 9), (-25, 26, 10, 6), (27, 0, 10, 9), (0, 28, 11, 8),
-    (26, -27, 9, 6))
+    (-6, -5, 26, 38), (12, 9, 20, 27), (-15, 16, 17, 21), (17, -14, 17, 19),
+    (-24, -17, 12, 10), (21, 25, 10, 8), (-29, 22, 7, 5), (29, 1, 9, 9), (1, 30, 9, 8),
+    (25, -24, 8, 6), (-2, -31, 8, 6), (-32, 2, 7, 5))
 SHRINK = 60 / 80
 
 
@@ -29,5 +32,5 @@ def heights():
 def make(work):
     g = heights()
     g.colour = bare_rock(g)
-    return barrier.make(g, [], work, corner=12, fade=3, reach=7, pale=.8,
+    return barrier.make(g, [], work, corner=15, fade=3.2, ragged=1.2, reach=8, pale=.8,
                         breakers=((3.8, .8, .8, .45),))

@@ -4,6 +4,8 @@
 
 A barrier blocks by its whole rectangle, so land and surf must fill it to rounded corners:
 coasts are laid out from the rectangle's own outline and only then disturbed.
+
+To change: `bare_rock` colours both reef and rock.
 """
 import math
 

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Where the painted ships lie and where their parts appear, for scene and brush alike."""
+"""Where the painted ships lie and where their parts appear, for scene and brush alike.
+
+To change: FIRST and SECOND place and turn the ships; EYE_Y, EYE_Z and FOCUS are the camera.
+"""
 from dataclasses import dataclass
 
 import numpy as np
@@ -55,10 +58,10 @@ class Pose:
         return self.project(points)
 
     def muzzles(self):
-        """The firing guns of the near side, from bow to stern."""
+        """The firing guns of the near side, from bow to stern; the smoke leaves her bow free."""
         s = self.near_side()
         return self.project([(x, 3.6 * LINES.tall, s * (LINES.side(station(x)) + 2.4))
-                             for x in GUN_PORTS[1:8:2]])
+                             for x in GUN_PORTS[3::2]])
 
 
 # Far enough aside that the menu's panel, 255 to 545 across, hides neither bow.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 // Two ships at dusk. EyeY, EyeZ and Focus are the camera of camera.py; poses.inc places the
 // ships. The picture is 800 units wide at a distance of Focus from the eye.
+// Mask: 1 renders the ships alone on a clear ground, for what has to lie behind them.
+// To change: SunDir and the lights, the swell's height in Tile, the water in Water.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #include "palette.inc"
@@ -19,8 +21,11 @@ camera{ perspective location <0,EyeY,EyeZ> direction z*Focus up y*800 right x*80
 #declare SunDir = <tan(radians(3)),tan(radians(5.2)),1>;
 light_source{ SunDir*20000 rgb <1,.58,.28>*2.1 area_light x*900,y*700,4,4 adaptive 1
   parallel point_at 0 }
-light_source{ <-900,900,-1500> rgb <.50,.52,.85>*.38 shadowless parallel point_at 0 }
+light_source{ <-900,900,-1500> rgb <.62,.56,.78>*.44 shadowless parallel point_at 0 }
 light_source{ <300,2000,-200> rgb <.85,.55,.55>*.26 shadowless parallel point_at 0 }
+// What the glittering sea throws back warms the hulls' sides from below.
+light_source{ <200,-300,-1500> rgb <1,.62,.40>*.30 shadowless parallel point_at 0 }
+#if (Mask = 0)
 // The painted sky is a flat screen far away, so that its pixels fall where they were painted.
 box{ <-1,0,0>,<1,1,.001> pigment{ image_map{ png "sky.png" interpolate 2 once }
     scale <2,1,1> translate -x }
@@ -40,4 +45,5 @@ union{
   #end #end
   texture{Water} interior{ior 1.33} }
 plane{ y,-5 texture{ Water normal{ bumps .18 scale <60,8,12> } } interior{ior 1.33} }
+#end
 #include "poses.inc"

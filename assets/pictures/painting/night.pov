@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 // A ship before the moon, on a clear ground; nine units are twenty pixels of the finished picture.
+// To change: the two lights, and how the ship lies in the last line.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #declare ClothGlow = 0;

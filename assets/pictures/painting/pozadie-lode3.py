@@ -4,20 +4,25 @@
 
 POV-Ray renders ships and sea under a painted sky; haze, foam, smoke, muzzle flashes, bloom,
 a gentle paint filter and canvas grain follow here. Positions are pixels of the picture.
+
+To change: `sun`, `rays` and `road` are its light, `gun_smoke`, `drift` and `bank` list the puffs of
+smoke, `grade` the tones; the foam is in foam.py.
 """
 from pathlib import Path
 
 import numpy as np
 from PIL import Image
-from scipy.ndimage import gaussian_filter, uniform_filter
+from scipy.ndimage import gaussian_filter
 
 from common import povray
 from common.light import linear_to_srgb, srgb_to_linear
-from common.noise import fbm
-from common.palette import linear
-from common.raster import reduce
+from common.noise import fbm, smoothstep
+from common.palette import linear, rgb
+from common.raster import reduce, to_solid
 from painting import sky
+from painting.brush import kuwahara, lay
 from painting.camera import EYE_Y, EYE_Z, FIRST, FOCUS, SECOND
+from painting.foam import waterline
 from painting.smoke import march
 from ship import model
 
@@ -35,53 +40,43 @@ def render(work):
     sky.paint().save(work / 'sky.png')
     Image.fromarray((sky.waves() * 65535).astype('uint16')).save(work / 'sea.png')
     # The camera's frame is square; the picture is its upper part.
-    povray.render(HERE / 'duel.pov', work / 'duel.png', (2 * W, 2 * W), libraries, False,
-                  rows=2 * H, EyeY=EYE_Y, EyeZ=EYE_Z, Focus=FOCUS)
+    for product, alone in (('duel.png', 0), ('ships.png', 1)):
+        povray.render(HERE / 'duel.pov', work / product, (2 * W, 2 * W), libraries, bool(alone),
+                      rows=2 * H, EyeY=EYE_Y, EyeZ=EYE_Z, Focus=FOCUS, Mask=alone)
     picture = np.asarray(Image.open(work / 'duel.png').convert('RGB'))[:2 * H] / 255.
-    return reduce(srgb_to_linear(picture), 2)
+    ships = np.asarray(Image.open(work / 'ships.png').convert('RGBA'))[:2 * H, :, 3] / 255.
+    return reduce(srgb_to_linear(picture), 2), reduce(ships, 2)
 
 
-def lay(c, colour, amount):
-    return c + (colour - c) * np.asarray(amount)[..., None]
+def air(c, ships):
+    """Haze on the horizon before the sun, its rays, and its road on the water."""
+    haze = np.exp(-((Y - HORIZON + 1) / 16) ** 2) * .34
+    c = lay(c, linear('ffb868'), haze * np.exp(-(np.abs(X - SUN[0]) / 110) ** 4))
+    c = c + (rays() * (Y < HORIZON) * (1 - .6 * ships))[..., None] * linear('ffb860')
+    return c + road(c)[..., None] * linear('ffb458')
 
 
-def air(c):
-    """Haze on the horizon before the sun, and the sun's road on the water."""
-    haze = np.exp(-((Y - HORIZON + 1) / 16) ** 2) * .32
-    c = lay(c, linear('ffb868'), haze * np.exp(-(np.abs(X - SUN[0]) / 95) ** 4))
+def rays():
+    """Faint beams between the clouds, wider and weaker away from the sun."""
+    dx, dy = X - SUN[0], Y - SUN[1]
+    turn = ((np.arctan2(dy, dx) / (2 * np.pi) + .5) * 1023).astype(int)
+    beam = gaussian_filter(fbm(1, 1024, 91, 1.1)[0], 5, mode='wrap')
+    away = np.hypot(dx, dy)
+    return .085 * np.clip(beam[turn], -.4, 1.6) * np.exp(-away / 170) * np.clip(away / 40, 0, 1)
+
+
+def road(c):
+    """The sun's road: a broad gleam, and on it glitter that is finer further away."""
     down = np.clip((Y - HORIZON - 1) / 196, 0, 1)
-    road = np.exp(-((X - SUN[0]) / (26 + 60 * down)) ** 2) * (Y > HORIZON + 1)
+    width = 20 + 74 * down
+    lane = np.exp(-((X - SUN[0]) / width) ** 2) * (Y > HORIZON + 1)
     bright = np.clip((c.mean(2) - .045) / .22, 0, 1)
-    return c + (road * bright * (.75 - .35 * down))[..., None] * linear('ffb050')
-
-
-def waterline(c, pose, seed):
-    """Foam along the hull, the wave under her bow, and the torn water behind her stern."""
-    line = pose.waterline()
-    (x0, y0), x1 = line[0], line[-1, 0]
-    ahead = 1 if x1 > x0 else -1
-    n, fine = fbm(H, W, seed, 1.2), fbm(H, W, seed + 7, .9)
-    order = np.argsort(line[:, 0])
-    level = np.interp(X, line[order, 0], line[order, 1])
-    along = np.clip((X - x0) / (x1 - x0), -.5, 1.5)      # 0 at the stern, 1 at the stem
-    below = Y - level - 1.2 * n
-    beside = (along > 0) & (along < 1)
-    thick = 1.5 + 2.2 * np.clip((along - .55) / .45, 0, 1) ** 2
-    foam = np.exp(-(np.clip(below - 1, 0, None) / thick) ** 2) * (below > -1.8)
-    foam = foam * np.clip(.42 + .34 * n + .30 * fine, 0, 1) * beside
-    gone = (x1 + 5 * ahead - X) * ahead                  # pixels behind the stem
-    crest = 7.5 * np.exp(-(gone / 13) ** 2) + 2.2 * np.exp(-((gone - 26) / 16) ** 2)
-    wave = np.clip((Y - level + crest * (.8 + .22 * n)) / 2, 0, 1)
-    wave = wave * np.exp(-(np.clip(Y - level, 0, None) / (3.5 + 1.2 * n)) ** 2)
-    wave = wave * np.clip((gone + 9) / 6, 0, 1) * np.clip(1 - gone / 46, 0, 1)
-    wave = wave * np.clip(.80 + .25 * n + .25 * fine, 0, 1)
-    astern = (x0 - X) * ahead
-    trail = np.exp(-((Y - y0 - 1.5 - .03 * astern - n) / (1.8 + .05 * np.abs(astern))) ** 2)
-    trail = trail * (astern > -3) * np.exp(-np.clip(astern, 0, None) / 38)
-    trail = trail * np.clip(.30 + .35 * n + .3 * fine, 0, 1)
-    foam = np.maximum.reduce([foam * .9, wave, trail * .8])
-    lit = linear('f3c9a8') * .70 + linear('ffe6c4') * .25 * np.clip(wave, 0, 1)[..., None]
-    return lay(c, lit, np.clip(foam, 0, .93))
+    near = 7 / (6 + np.clip(Y - HORIZON, 0, None))
+    u = ((X - SUN[0]) * near * 14).astype(int) % 1024
+    v = (620 * near).astype(int) % 1024
+    waves = fbm(1024, 1024, 93, 1.15, sx=1.6)[v, u]
+    glitter = smoothstep(waves + .9 * lane, 1.2, 2.1) * lane * np.clip(1.2 - 4 * down, 0, 1)
+    return lane * bright * (.66 - .30 * down) + glitter
 
 
 def gun_smoke(pose):
@@ -90,8 +85,8 @@ def gun_smoke(pose):
     ahead = np.sign(muzzles[0, 0] - muzzles[-1, 0])
     puffs = []
     for k, (x, y) in enumerate(muzzles):
-        puffs.append((x + ahead * 3, y - 2, 8 + k, .50))
-        puffs.append((x + ahead * (10 + 3 * k), y - 8 - 3 * k, 12 + 2.5 * k, .22 - .02 * k))
+        puffs.append((x + ahead * 2, y + 1, 4 + .6 * k, .40))
+        puffs.append((x + ahead * (9 + 2 * k), y - 1 - k, 7 + 1.4 * k, .17))
     return puffs + drift(muzzles[0], ahead)
 
 
@@ -99,12 +94,21 @@ def drift(gun, ahead):
     """Earlier smoke, which the wind from astern has carried past the bow as a thin veil."""
     puffs = []
     for step in np.linspace(0, 1, 7):
-        x, y = gun + np.array([ahead * (24 + 150 * step), -4 - 34 * step ** 1.4])
-        puffs.append((x, y, 13 + 17 * step, .14 - .09 * step))
+        x, y = gun + np.array([ahead * (128 + 105 * step), -4 - 34 * step ** 1.4])
+        puffs.append((x, y, 11 + 18 * step, .11 - .07 * step))
     return puffs
 
 
-def smoke(c, corner, size, puffs, seed, sun_right):
+def bank(pose):
+    """The first broadsides' smoke, which has gathered on her far side."""
+    x, y = pose.muzzles()[1]
+    ahead = np.sign(x - pose.muzzles()[-1, 0])
+    return [(x + ahead * (-70 + 190 * s), y - 22 - 26 * s ** .8 + 9 * np.sin(11 * s),
+             20 + 12 * np.sin(3 * s), .42 - .22 * s) for s in np.linspace(0, 1, 8)]
+
+
+def smoke(c, corner, size, puffs, seed, sun_right, ships=None):
+    """Smoke on a part of the picture; with `ships`, it lies behind them."""
     x0, y0 = corner
     local = [(x - x0, y - y0, r, d) for x, y, r, d in puffs]
     lit, ambient, cover = march(*size, local, seed, .30, sun_right)
@@ -114,6 +118,8 @@ def smoke(c, corner, size, puffs, seed, sun_right):
     part = np.s_[y0:y0 + size[1], x0:x0 + size[0]]
     near = np.exp(-np.hypot(X[part] - SUN[0], Y[part] - SUN[1]) / 130)[..., None]
     colour = colour * (1 + .5 * near * linear('ffd080'))
+    if ships is not None:
+        cover = cover * (1 - ships[part])
     c = c.copy()
     c[part] = lay(c[part], colour, cover * .94)
     return c
@@ -133,34 +139,38 @@ def flashes(c):
     return light
 
 
+def sun(o):
+    """Her disc, which melts into the haze downwards, within three halos, each wider and redder.
+
+    Laid over finished colours as light is over light: nothing round the sun comes out darker or
+    less golden for it, as it would through the tone curve.
+    """
+    r = np.hypot(X - SUN[0], (Y - SUN[1]) * 1.04)
+    soft = 1.8 + 2.6 * np.clip((Y - SUN[1]) / 18 + .4, 0, 1)
+    disc = 1 / (1 + np.exp((r - 17) / soft))
+    bars = fbm(H, W, 95, 1.5, sx=9.)
+    veil = 1 - .45 * smoothstep(bars, .2, 1.3) * np.clip((Y - SUN[1] + 8) / 20, 0, 1)
+    for light, colour in ((disc * veil, 'fffbe6'), (.62 * np.exp(-r / 15), 'ffe49a'),
+                          (.40 * np.exp(-r / 48), 'ffc468'), (.22 * np.exp(-r / 150), 'ff9a50')):
+        o = 1 - (1 - o) * (1 - light[..., None] * np.array(rgb(colour)))
+    return o
+
+
 def grade(c):
     """Bloom, tone curve, vignette and a little more colour; returns sRGB."""
     bright = np.clip(c - .85, 0, 2)
-    c = c + gaussian_filter(bright, [7, 7, 0]) * .35 + gaussian_filter(bright, [30, 30, 0]) * .16
+    for spread, amount in ((6, .22), (22, .20), (70, .26)):
+        c = c + gaussian_filter(bright, [spread, spread, 0]) * amount
     c = c * 1.12
-    c = c / (1 + .16 * c) * 1.10
+    c = c / (1 + .16 * c) * 1.06
+    # A shoulder instead of a limit keeps the colours round the sun apart.
+    c = np.where(c > .62, .62 + .38 * (1 - np.exp(-(c - .62) / .38)), c)
     corner = np.clip(np.hypot((X - W / 2) / 520, (Y - 330) / 430) - .55, 0, 1) ** 1.4
     o = np.clip(linear_to_srgb(np.clip(c * (1 - .42 * corner)[..., None], 0, 1)), 0, 1)
+    o = sun(o)
     grey = o.mean(2, keepdims=True)
     o = np.clip(grey + (o - grey) * 1.10, 0, 1)
     return np.clip((o - .5) * 1.05 + .5, 0, 1)
-
-
-def kuwahara(o, r):
-    """Every pixel takes the mean of the calmest of its four quarters: brush strokes."""
-    def quarter(a, sy, sx):
-        size = (r + 1, r + 1) + (0,) * (a.ndim - 2)
-        return np.roll(uniform_filter(a, size), (sy * (r // 2 + 1), sx * (r // 2 + 1)), (0, 1))
-    grey, best, calm = o.mean(2), None, None
-    for sy in (-1, 1):
-        for sx in (-1, 1):
-            mean = np.dstack([quarter(o[..., i], sy, sx) for i in range(3)])
-            var = quarter(grey * grey, sy, sx) - quarter(grey, sy, sx) ** 2
-            if best is None:
-                best, calm = mean, var
-            take = var < calm
-            best, calm = np.where(take[..., None], mean, best), np.where(take, var, calm)
-    return best
 
 
 def paint(o, light):
@@ -174,10 +184,13 @@ def paint(o, light):
 
 
 def make(work):
-    c = air(render(work))
+    c, ships = render(work)
+    c = air(c, ships)
+    c = smoke(c, (0, 300), (380, 130), bank(FIRST), 51, True, ships)
+    c = smoke(c, (440, 300), (360, 130), bank(SECOND), 65, False, ships)
     c = waterline(c, FIRST, 61)
     c = waterline(c, SECOND, 62)
     c = smoke(c, (0, 310), (380, 150), gun_smoke(FIRST), 21, True)
     c = smoke(c, (440, 310), (360, 150), gun_smoke(SECOND), 35, False)
     picture = paint(grade(c), flashes(c))
-    return Image.fromarray((picture * 255 + .5).astype('uint8'))
+    return to_solid(Image.fromarray((picture * 255 + .5).astype('uint8')))

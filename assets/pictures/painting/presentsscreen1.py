@@ -1,15 +1,19 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The "presents" picture: a ship before the rising moon, fading into the black around it."""
+"""The "presents" picture: a ship before the rising moon, fading into the black around it.
+
+To change: MOON, SHIP and HORIZON are the layout; `sea`, `mirrored` and `foam` the water.
+"""
 from pathlib import Path
 
 import numpy as np
+from scipy.ndimage import map_coordinates
 
 from common import povray
 from common.canvas import Canvas, blend
 from common.noise import fbm, smoothstep
 from common.palette import linear
-from common.raster import over, read_layer, reduce, to_opaque
+from common.raster import layer, over, read_layer, reduce, to_opaque
 from common.relief import metal
 from ship import model
 
@@ -63,13 +67,40 @@ def with_ship(picture, work):
     povray.render(HERE / 'night.pov', work / 'ship.png', size, libraries)
     ship = read_layer(work / 'ship.png', 2)
     x, y = SHIP
-    part = np.s_[y:y + SHIP_SIZE[1], x:x + SHIP_SIZE[0]]
-    rows = np.arange(SHIP_SIZE[1])[:, None, None] + y
-    ship = ship * np.clip((HORIZON + 3 - rows) / 4, 0, 1)       # the sea hides her bottom
-    out = picture.copy()
-    base = np.concatenate([out[part], np.ones(out[part].shape[:2] + (1,))], 2)
-    out[part] = over(ship, base)[..., :3]
-    return out
+    lay = np.zeros((H, W, 4))
+    lay[y:y + SHIP_SIZE[1], x:x + SHIP_SIZE[0]] = ship
+    rows = np.arange(H)[:, None, None]
+    lay = lay * np.clip((HORIZON + 3 - rows) / 4, 0, 1)         # the sea hides her bottom
+    return over(lay, over(foam(lay), over(mirrored(lay), opaque(picture))))[..., :3]
+
+
+def opaque(picture):
+    return np.concatenate([picture, np.ones(picture.shape[:2] + (1,))], 2)
+
+
+def mirrored(ship):
+    """Her dark image in the water, drawn out and broken by the waves."""
+    y, x = np.mgrid[0:H, 0:W].astype(float)
+    down = np.clip(y - HORIZON - 2, 0, None)
+    ripple = fbm(H, W, 41, 1.1, sx=5.)
+    sway = ripple * (1 + .11 * down) + 1.5 * np.sin(1.4 * down + 2 * ripple)
+    source = [HORIZON + 1 - down * 1.5 + 2 * ripple, x + sway]
+    image = np.dstack([map_coordinates(ship[..., i], source, order=1) for i in range(4)])
+    image[..., :3] = image[..., :3] * .10 + image[..., 3:] * linear('0a1730') * .5
+    return image * (np.clip(.62 - down / 75, 0, 1) * (y > HORIZON + 1))[..., None]
+
+
+def foam(ship):
+    """The pale line where she parts the water, strongest under her bow."""
+    y, x = np.mgrid[0:H, 0:W].astype(float)
+    columns = np.flatnonzero(ship[HORIZON - 6, :, 3] > .5)
+    along = np.clip((x - columns[0]) / np.ptp(columns), -.2, 1.2)
+    rough = fbm(H, W, 43, 1.1, sx=2.)
+    height = 1.2 + 3.2 * np.exp(-((along - 1.) / .07) ** 2)
+    band = np.exp(-((y - HORIZON - 2.2 - .5 * rough) / height) ** 2)
+    band = band * np.clip(.42 + .5 * along + .35 * rough, 0, 1)
+    band = band * smoothstep(along, -.04, .02) * (1 - smoothstep(along, 1.0, 1.08))
+    return layer(linear('b9c4cf') * .7, band * .8)
 
 
 def make(work):

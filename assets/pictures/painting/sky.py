@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The dusk sky, painted over azimuth -45..45 and elevation 0..45 degrees, and the sea's waves."""
+"""The dusk sky, painted over azimuth -45..45 and elevation 0..45 degrees, and the sea's waves.
+
+To change: GRADIENT, and the layers of cloud listed in `paint`.
+"""
 import numpy as np
 from scipy.ndimage import gaussian_filter, map_coordinates
 
@@ -34,7 +37,7 @@ class Sky:
         self.colour += (colour - self.colour) * amount[..., None]
 
     def clear(self):
-        """Gradient, cooler away from the sun, with the sun's disc and its glow."""
+        """Gradient, cooler away from the sun, and the sun's glow; the disc is painted last."""
         at = [e for e, _ in GRADIENT]
         stops = np.array([linear(c) for _, c in GRADIENT])
         for i in range(3):
@@ -42,11 +45,9 @@ class Sky:
         cool = np.clip(self.aside / 55, 0, 1) * np.exp(-self.degrees / 14) * .55
         self.cover(linear('5b4a78'), cool)
         d = self.from_sun
-        glow = 1.15 * np.exp(-(d / 7.) ** 1.2) + .45 * np.exp(-d / 16.) + .6 * np.exp(-d / 2.6)
-        self.colour += linear('ffd890') * glow[..., None]
-        # No hard limb: through so much air the sun melts into its glow.
-        disc = 1 / (1 + np.exp((d - 1.1) / .17))
-        self.colour += linear('fff3cf') * 5 * disc[..., None]
+        glow = .62 * np.exp(-(d / 8.) ** 1.2) + .42 * np.exp(-d / 18.)
+        self.colour += linear('ffcf80') * glow[..., None]
+        self.colour += linear('ffe2a0') * (.8 * np.exp(-d / 2.4))[..., None]
 
     def clouds(self, seed, scale, cover, soft, light, dark, edge, amount, slope):
         """A layer at one height in perspective, lit from the sun's side."""
@@ -75,7 +76,7 @@ class Sky:
         a = np.clip((q - .4) / 1.2, 0, 1) * np.exp(-((self.degrees - 5) / 3.4) ** 2) * .75
         c = linear('7a4668') + (linear('ff9a55') - linear('7a4668')) * np.exp(
             -self.aside / 14)[..., None]
-        self.cover(c, a * np.clip((self.from_sun - .9) / 1.2, .25, 1))
+        self.cover(c, a * np.clip((self.from_sun - .4) / 2.2, .22, 1))
 
 
 def paint():

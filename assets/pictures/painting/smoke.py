@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Powder smoke: a small volume of noise, lit by marching through it."""
+"""Powder smoke: a small volume of noise, lit by marching through it.
+
+To change: the raggedness in `density`; where smoke lies, the painting itself says.
+"""
 import numpy as np
 
 DEPTH = 72

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The makers' emblem: a struck medal of Brannoc workshop."""
+"""The makers' emblem: a struck medal of Brannoc workshop.
+
+To change: the words in `medal` and `make`, the tools in `mallet` and `adze`.
+"""
 import numpy as np
 from PIL import Image
 

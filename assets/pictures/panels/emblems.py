@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Emblems drawn from geometry: compass rose, crests, anchor, rope."""
+"""Emblems drawn from geometry: compass rose, crests, anchor, rope.
+
+To change: one function an emblem; all sizes are given by who draws it.
+"""
 import numpy as np
 
 

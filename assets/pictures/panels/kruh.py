@@ -4,6 +4,8 @@
 
 The loading sector is a dull ember; the loaded cannon shows another shape (a star behind the
 ball), another colour and a much brighter face, so that no eye needs to tell hues apart.
+
+To change: the sectors in `loading_face`, the star in `loaded_face`, the radii below.
 """
 import numpy as np
 from PIL import Image

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The game's name in gold over a rule with a diamond."""
+"""The game's name in gold over a rule with a diamond.
+
+To change: the name, its size and spacing in `make`; the rule below it in `rule`.
+"""
 import numpy as np
 
 from common.canvas import Canvas

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The menu's panel: a sea chart on planks, plain where the four buttons lie."""
+"""The menu's panel: a sea chart on planks, plain where the four buttons lie.
+
+To change: ROSE and ANCHOR, what is drawn on the chart in `drawing`, its edge in `sheet`.
+"""
 import numpy as np
 
 from common.canvas import Canvas, blend

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The panels under the two views, which differ in crest, colour, words and in their order."""
+"""The panels under the two views, which differ in crest, colour, words and in their order.
+
+To change: `board` is the wood, `name_plate` the parchment, `hit_point_bar` the bar.
+"""
 import numpy as np
 
 from common.canvas import Canvas, blend

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""A compass arrow: gold half towards the mark, blued steel tail, hub with a garnet."""
+"""A compass arrow: gold half towards the mark, blued steel tail, hub with a garnet.
+
+To change: the outline in `needle`, the metals in `make`.
+"""
 import numpy as np
 
 from common.canvas import Canvas

@@ -3,6 +3,8 @@
 """The water of the battle: a seamless tile, periodic by construction.
 
 The world is 1300 pixels square, so a tile of 325 fits it four times without a cut.
+
+To change: SEED, WIND and CHOP, the bands of waves in `swell`, the foam in `colour`.
 """
 import numpy as np
 from scipy.ndimage import gaussian_filter, map_coordinates

@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The hull: sides, decks, stern, beakhead, guns and what stands on deck."""
+"""The hull: sides, decks, stern, beakhead, guns and what stands on deck.
+
+To change: the tables below for guns and decks, one function for each part of her.
+"""
 import math
 
 import numpy as np
@@ -13,6 +16,7 @@ STATIONS = np.concatenate([
     .58 + .42 * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
 BREAKS = ((0., .137), (.137, .37), (.37, .75), (.75, .995))     # poop, quarter, waist, fore
 GUN_PORTS = (-24, -17.5, -11, -4.5, 2, 8.5, 15, 21.5, 28, 34.5)
+BATTER = 1.95       # the bulwark leans inwards, so that its red shows from straight above
 DECK_GUNS = (-27, -22., -16., -1., 5, 11, 19.5, 25.5, 31.5)
 
 
@@ -55,7 +59,8 @@ def side(model, lines, s):
 
 def bulwark_and_rail(model, lines, s):
     model.surface([[(position(t), lines.rail(t), s * max(0, lines.top(t) - .55)),
-                    (position(t), lines.deck(t) - .4, s * max(0, lines.top(t) - .6))]
+                    (position(t), lines.deck(t) + .35, s * max(0, lines.top(t) - BATTER)),
+                    (position(t), lines.deck(t) - .4, s * max(0, lines.top(t) - BATTER))]
                    for t in STATIONS], 'T_Bulwark')
     cap = []
     for t in STATIONS:
@@ -112,8 +117,8 @@ def stern(model, lines):
         half_disc(model, y0, y1, length * 1.35, (top + .6) * 1.02 * part / .95, 'T_Gold')
     half_disc(model, gallery - 2.1, gallery + .6, 2.16, top * .98, 'T_Gallery')
     for z in (-6.2, 0, 6.2):
-        model.cylinder((STERN + 1.2, rail, z), (STERN + 2, rail + 2, z), .22, 'T_Dark')
-        model.sphere((STERN + 2.1, rail + 2.5, z), .95, 'T_Lantern')
+        model.cylinder((STERN + 1.2, rail, z), (STERN + 1.6, rail + 2, z), .22, 'T_Dark')
+        model.sphere((STERN + 1.2, rail + 2.5, z), 1.3, 'T_Lantern')
     for s in (-1, 1):
         model.raw('sphere{0,1 scale <3.2,2.6,1.5> translate <%f,%f,%f> texture{T_Gold}}' % (
             STERN - 2.4, gallery - .8, s * lines.side(.02) * .93))

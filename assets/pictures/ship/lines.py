@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The ship's lines: her shape as functions of the station t, 0 at the stern, 1 at the bow."""
+"""The ship's lines: her shape as functions of the station t, 0 at the stern, 1 at the bow.
+
+To change: `breadth` is her plan, `deck` her sheer, BEAM and STERN to BOW her size.
+"""
 import math
 
 from ship.mesh import smooth

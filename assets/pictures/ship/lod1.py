@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The ship's sheet: 36 headings of 100 x 100, frame k turned k tens of degrees from left."""
+"""The ship's sheet: 36 headings of 100 x 100, frame k turned k tens of degrees from left.
+
+To change: the outline in `tarred`, shadow and foam in `compose`; light and camera are in sheet.pov.
+"""
 import json
 import os
 from concurrent.futures import ThreadPoolExecutor
@@ -8,9 +11,10 @@ from pathlib import Path
 
 import numpy as np
 from PIL import Image
-from scipy.ndimage import gaussian_filter
+from scipy.ndimage import distance_transform_edt, gaussian_filter
 
 from common import povray
+from common.noise import smoothstep
 from common.palette import linear
 from common.raster import layer, over, read_layer, read_light, reduce, to_image
 from ship import model, wake
@@ -21,6 +25,13 @@ FRAME, COLUMNS, HEADINGS = 100, 6, 36
 BOX_W = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 TOLERANCE = 4
+# The line of tar round her, in pixels, the luminances between which planks end and canvas
+# begins, and the least of a hem.
+TAR_WIDTH = 1.4
+CANVAS = (.36, .48)
+HEM = .62
+LUMINANCE = np.array((.2126, .7152, .0722))
+FAINT = .05
 # Samples a pixel, along each axis. A draft shows in half a minute what a change does.
 DRAFT = 'PICTURE_DRAFT' in os.environ
 FINE, COARSE = (2, 1) if DRAFT else (4, 2)
@@ -45,7 +56,28 @@ def render(k, work, libraries):
         size = FRAME * samples, FRAME * samples
         povray.render(scene, product, size, libraries, not shadow, .9 if DRAFT else threshold,
                       Heading=k, Shadow=shadow)
-    return read_layer(hull, FINE), read_light(cast)
+    return read_ship(hull), read_light(cast)
+
+
+def read_ship(path):
+    return reduce(tarred(read_layer(path), FINE), FINE)
+
+
+def tarred(ship, cells):
+    """Give the ship an outline: tar on planks and spars, light on the hems of her sails.
+
+    At noon sunlit planks are about as light as the sea, and so is canvas in its own shade; without
+    this both melt into it.
+    """
+    alpha = ship[..., 3:]
+    inside = distance_transform_edt(alpha[..., 0] > .5) / cells
+    edge = (1 - smoothstep(inside, TAR_WIDTH - .35, TAR_WIDTH + .35))[..., None]
+    light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
+    canvas = smoothstep(gaussian_filter(light, (.3 * cells, .3 * cells, 0)), *CANVAS)
+    hem = np.clip(HEM / np.maximum(light, 1e-6), 1, 2)
+    lit = np.concatenate([np.minimum(ship[..., :3] * hem, alpha), alpha], 2)
+    outline = lit * canvas + layer(linear('tar'), alpha[..., 0]) * (1 - canvas)
+    return ship + (outline - ship) * edge
 
 
 def border():
@@ -54,11 +86,16 @@ def border():
     return np.minimum.reduce([x, y, FRAME - x, FRAME - y])
 
 
+def trimmed(cover):
+    """Without the wide faint skirts, which nobody sees but every frame of the game would draw."""
+    return np.clip((cover - FAINT) / (1 - FAINT), 0, 1)
+
+
 def compose(k, ship, light):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
     dark = gaussian_filter(1 - light, .75 * COARSE)
-    shade = reduce(dark, COARSE) * .50 * np.clip(border() / 5, 0, 1)
-    foam = reduce(wake.foam(k), wake.CELLS) * .95 * np.clip(border() / 4, 0, 1)
+    shade = trimmed(reduce(dark, COARSE) * .50 * np.clip(border() / 5, 0, 1))
+    foam = trimmed(reduce(wake.foam(k), wake.CELLS) * .95 * smoothstep(border(), 0, 11))
     under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
     return over(ship, under)
 

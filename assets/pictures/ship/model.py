@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The ship as POV-Ray source, for the sheet (`chart`) and for paintings (`tall`)."""
+"""The ship as POV-Ray source, for the sheet (`chart`) and for paintings (`tall`).
+
+To change: VERSIONS says which rig and how tall a hull each picture gets.
+"""
 from ship import hull, rig
 from ship.lines import Lines
 from ship.mesh import Model

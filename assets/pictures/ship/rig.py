@@ -5,6 +5,8 @@
 Two rigs share the hull. `CHART` is for the battle, seen from straight above: low masts, sails
 leaning forward so that each shows as a crescent, ropes thick enough for the sheet. `TALL` is
 for paintings, seen from the side.
+
+To change: the tables CHART and TALL; flags are in `pennant` and `ensign`.
 """
 import math
 from dataclasses import dataclass, field
@@ -172,14 +174,16 @@ def stays(model, lines, rig, number, tip, step):
 def pennant(model, rig, mast, main):
     """Long pennant; flat for the view from above, hanging on edge for the view from aside."""
     length, grid = 9.6 if main else 7.2, []
-    for a in np.linspace(0, 1, 24):
+    for a in np.linspace(0, 1, 40):
         row = []
         for b in (-1, 0, 1):
             width = 1.0 * (1 - .8 * a) * b
             wave = 1.2 * math.sin(a * 8 + .4) * a ** .7
             y = mast.top - .2 + .5 * math.sin(a * 7)
             if rig.upright:
-                row.append((mast.x + 1 + length * 1.25 * a, y + 1.1 * width, wave))
+                # Larger than life, or they would be mere ticks at the size of a painting.
+                y = mast.top + .5 + .9 * math.sin(a * 9.5) * a ** .6
+                row.append((mast.x + 1 + length * 2.5 * a, y + 1.55 * width, .5 * wave))
             else:
                 row.append((mast.x + 1 + length * a, y - .07 * b, wave + width))
         grid.append(row)
@@ -212,9 +216,10 @@ def spanker(model, lines, rig):
 
 def ensign(model, gaff):
     x, y, z = gaff + np.array((.2, -.5, 0))
-    model.surface([[(x + 8.5 * a, y - 5.2 * b + .4 * math.sin(6 * a),
-                     z + .9 * math.sin(7 * a + .5) * a) for b in np.linspace(0, 1, 6)]
-                   for a in np.linspace(0, 1, 20)], 'T_Ensign', extra='double_illuminate')
+    model.surface([[(x + 10.5 * a, y - 7.6 * b + (1.1 * math.sin(7 * a + .5 * b) - 1.5 * a) * a,
+                     z + 1.1 * math.sin(8 * a + .5 + .8 * b) * a)
+                    for b in np.linspace(0, 1, 8)]
+                   for a in np.linspace(0, 1, 32)], 'T_Ensign', extra='double_illuminate')
 
 
 def jib(model, rig, k, tip, step):

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // One heading of the sheet from straight above. The ship turns, the light stays.
 // Heading: tens of degrees clockwise from left. Shadow: 1 renders the shadow on the water.
+// To change: SunDir turns the light, Tar and ClothGlow set how dark hull and how bright sails are.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 8 }
 #declare ClothGlow = .24;

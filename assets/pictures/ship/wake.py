@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Foam round a moving ship, in the ship's own axes, so that it turns with her."""
+"""Foam round a moving ship, in the ship's own axes, so that it turns with her.
+
+To change: CRESTS, and one function for each kind of foam.
+"""
 import math
 
 import numpy as np
@@ -10,6 +13,9 @@ from ship.lines import BEAM, BOW, STERN
 
 CELLS = 4           # cells a sheet pixel
 FRAME = 100
+# Of each pair of crests: where it leaves her, how far it runs out a pixel of way, how white it
+# is, and over which length it dies.
+CRESTS = ((BOW - 3, .36, .95, 70), (BOW + 22, .27, .65, 58), (BOW + 46, .20, .45, 44))
 
 
 def _noise(seed, sigma):
@@ -47,32 +53,49 @@ def foam(heading):
     x, z = axes(heading)
     coarse, fine = sample(COARSE, x, z, 2.2, 4), sample(FINE, x, z, 3, 5)
     away = np.abs(z) - half_breadth(x)
+    parts = (wash(x, away, coarse, fine), bow_waves(x, away, coarse, fine),
+             moustache(x, away, coarse, fine), astern(x, z, coarse, fine))
+    return np.clip(np.maximum.reduce(parts), 0, 1)
+
+
+def wash(x, away, coarse, fine):
+    """Water torn along the sides, wider towards the stern, in streaks that follow her way."""
     run = np.clip((x - BOW) / (STERN - BOW), 0, 1)
-    width = 2.0 + 3.0 * run ** 1.3
-    beside = ((x > BOW) & (x < STERN + 1)).astype(float)
-    wash = np.exp(-np.clip(away, 0, None) ** 2 / width ** 2)
-    wash = wash * np.clip(.84 + .36 * coarse + .25 * fine, 0, 1) * (.85 + .15 * run) * beside
-    return np.clip(np.maximum.reduce([wash, bow_waves(x, away, coarse, fine),
-                                      astern(x, z, coarse, fine)]), 0, 1)
+    width = 1.8 + 3.4 * run ** 1.3
+    band = np.exp(-np.clip(away, 0, None) ** 2 / width ** 2)
+    torn = np.clip(.80 + .40 * coarse + .25 * fine, 0, 1)
+    return band * torn * (.85 + .15 * run) * ((x > BOW) & (x < STERN + 1))
 
 
 def bow_waves(x, away, coarse, fine):
-    """Broken crests leaving the stem on both sides, and a fainter pair further aft."""
+    """Broken crests leaving the stem on both sides, and fainter pairs further aft."""
     total = np.zeros_like(x)
-    for start, slope, strength, reach in ((BOW - 2, .30, 1., 60), (BOW + 26, .22, .65, 50)):
+    for start, slope, strength, reach in CRESTS:
         gone = x - start
-        line = .6 + slope * gone
-        thick = 1.35 + .040 * np.clip(gone, 0, None)
-        crest = np.exp(-((away - line + coarse * .7) / thick) ** 2)
-        crest = crest * np.clip(gone / 3, 0, 1) * np.clip(1 - gone / reach, 0, 1) ** .6
-        broken = np.clip(1.05 + .34 * coarse + .28 * fine - .010 * gone, 0, 1)
+        line = .8 + slope * gone
+        thick = 1.5 + .045 * np.clip(gone, 0, None)
+        lag = away - line + coarse * .8
+        # Steep towards the open water, trailing off towards the hull: so a crest runs outwards.
+        crest = np.exp(-(lag / np.where(lag > 0, .75 * thick, 1.5 * thick)) ** 2)
+        crest = crest * np.clip(gone / 2, 0, 1) * np.clip(1 - gone / reach, 0, 1) ** .5
+        broken = np.clip(1.12 + .34 * coarse + .30 * fine - .009 * gone, 0, 1)
         total = np.maximum(total, crest * broken * strength)
     return total
 
 
+def moustache(x, away, coarse, fine):
+    """The white water that the stem throws aside."""
+    gone = x - BOW + 3
+    spread = 1.2 + .42 * np.clip(gone, 0, None)
+    cover = np.exp(-(np.clip(away, 0, None) / spread) ** 2) * np.clip(gone / 2, 0, 1)
+    return cover * np.exp(-np.clip(gone, 0, None) / 11) * np.clip(
+        1.1 + .25 * coarse + .25 * fine, 0, 1)
+
+
 def astern(x, z, coarse, fine):
-    """Turbulent water behind the stern, wider the further away."""
+    """Turbulent water behind the stern: churned in the middle, a streak along each edge."""
     gone = x - STERN
-    band = np.exp(-(z / (9.5 + .25 * np.clip(gone, 0, None))) ** 4)
-    torn = np.clip(.80 + .38 * coarse + .2 * fine, 0, 1)
-    return np.clip(gone, 0, 1) * band * torn * np.clip(1 - gone / 30, 0, 1) ** .6
+    breadth = 9.5 + .28 * np.clip(gone, 0, None)
+    band = np.exp(-(z / breadth) ** 4) * np.clip(.82 + .40 * coarse + .25 * fine, 0, 1)
+    edge = np.exp(-((np.abs(z) - breadth + .8 * coarse) / 1.4) ** 2) * np.clip(1 + .3 * fine, 0, 1)
+    return np.clip(gone, 0, 1) * np.maximum(band, .9 * edge) * np.clip(1 - gone / 36, 0, 1) ** .5
