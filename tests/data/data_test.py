@@ -230,7 +230,9 @@ def mp3_frames(data):
         rate = rates[header >> 10 & 3]
         yield rate, 1 if header >> 6 & 3 == 3 else 2
         place += 72 * bitrates[header >> 12 & 15] * 1000 // rate + (header >> 9 & 1)
-    assert place == len(data)
+    # The last frame ends short: the decoder takes the first bytes of the next round for the rest,
+    # and no round ends where a buffer of the mixer does.
+    assert 0 < place - len(data) < 200
 
 
 @pytest.mark.parametrize('track', [1, 2, 3])

@@ -19,13 +19,17 @@ from engine import loopmp3
 DATA = Path(__file__).resolve().parents[2] / 'data'
 PIECES = sorted(DATA.glob('music*.mp3'))
 PLAYER = os.environ.get('MUSIC_PLAYER')
-PATIENCE = 60                   # seconds
+PATIENCE = 120                  # seconds
 SEAMS = 3
 NEAR = .14                      # seconds on either side of a seam that are looked at
 SETTLED = .11                   # seconds after which it no longer matters where decoding began
 QUIET = 65 / 32768              # -54 dB
 LONGEST_SILENCE = .005          # seconds
 UNHEARD = -60                   # dB of the music
+# A short piece in which the end of a round would meet the end of a buffer every 32 rounds.
+BUFFER = 4096
+EXCERPT_FRAMES = 194
+MANY_ROUNDS = 70
 
 pytestmark = pytest.mark.skipif(not PLAYER, reason='MUSIC_PLAYER names no player')
 
@@ -193,3 +197,33 @@ def test_a_lost_frame_would_be_noticed(played, tmp_path):
     sound, rate, _ = recording(short, played.length / played.rate + 1)
     end = played.length - loopmp3.FRAME * rate // loopmp3.RATE
     assert error_of_seam(around(sound, end, rate), played.unbroken) > UNHEARD
+
+
+def silences_in_many_rounds(data, folder):
+    """Lengths of silent buffers, in samples of the file, while a piece repeats very often."""
+    piece = folder / 'excerpt.mp3'
+    piece.write_bytes(data)
+    seconds = MANY_ROUNDS * EXCERPT_FRAMES * loopmp3.FRAME / loopmp3.RATE
+    sound, rate, _ = recording(piece, seconds)
+    edges = numpy.diff((numpy.abs(sound) < QUIET).all(axis=1).astype(int), prepend=0, append=0)
+    lengths = (numpy.flatnonzero(edges < 0) - numpy.flatnonzero(edges > 0)) / rate
+    samples = [round(length * loopmp3.RATE) for length in lengths]
+    return [count for count in samples if count > BUFFER / 2]
+
+
+@pytest.fixture(scope='module', name='excerpt')
+def end_of_a_piece():
+    """The tag of a piece and its last frames, of which the very last has room for the cut."""
+    data = PIECES[-1].read_bytes()
+    return data[:loopmp3.tag_size(data)], loopmp3.frames(data)[-EXCERPT_FRAMES:]
+
+
+def test_no_silence_in_many_rounds(excerpt, tmp_path):
+    assert not silences_in_many_rounds(loopmp3.stream(*excerpt), tmp_path)
+
+
+def test_a_round_that_ends_with_a_buffer_would_be_noticed(excerpt, tmp_path):
+    tag, frames = excerpt
+    silences = silences_in_many_rounds(tag + b''.join(frames), tmp_path)
+    assert len(silences) == MANY_ROUNDS // 32
+    assert all(abs(length - BUFFER) < BUFFER / 50 for length in silences)

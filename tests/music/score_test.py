@@ -75,6 +75,14 @@ def test_note_out_of_range_is_found(tmp_path):
     assert findings(small_score(tmp_path, 'c6 | D,6'), 'range') == ['violins plays 50']
 
 
+def test_note_struck_twice_is_found(tmp_path):
+    score = small_score(tmp_path, 'c6 | d6')
+    assert not findings(score, 'twice at once')
+    violins = score.parts['violins']
+    violins.notes.append(violins.notes[0])
+    assert findings(score, 'twice at once') == ['violins plays 72']
+
+
 def test_foreign_tone_is_found(tmp_path):
     found = findings(small_score(tmp_path, 'c6 | c6'), 'foreign on a strong beat')
     assert found and all('C (violins)' in text for text in found)

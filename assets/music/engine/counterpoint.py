@@ -52,6 +52,17 @@ def ranges(score):
                 yield Finding(note.start, f'{part.name} plays {note.key}')
 
 
+def struck_twice(score):
+    """Notes that a part has twice at once: two figures run over the same bars."""
+    for part in score.parts.values():
+        seen = set()
+        for note in part.notes:
+            stroke = round(note.start, 4), note.key
+            if stroke in seen:
+                yield Finding(note.start, f'{part.name} plays {note.key}')
+            seen.add(stroke)
+
+
 def _onsets(score, part, first, last):
     return sorted({n.start for n in score.parts[part].notes if n.written and n.length > GRACE
                    and first * score.quavers <= n.start < last * score.quavers})
@@ -149,7 +160,8 @@ def clashes(score):
             yield Finding(quaver, ', '.join(rub))
 
 
-CHECKS = {'range': ranges, 'outer voices by pulse': outer_by_pulse,
-          'outer voices by note': outer_by_note, 'tune and counter-melody': counter_parallels,
+CHECKS = {'range': ranges, 'twice at once': struck_twice,
+          'outer voices by pulse': outer_by_pulse, 'outer voices by note': outer_by_note,
+          'tune and counter-melody': counter_parallels,
           'accompaniment': inner_parallels, 'foreign on a strong beat': strangers,
           'semitone on a pulse': clashes}

@@ -28,14 +28,13 @@ def _transforms_fast(number):
 
 
 def loop_clock(score):
-    """The score's clock, stretched to a number of frames that transforms fast and is odd.
+    """The score's clock, stretched to a number of frames that transforms fast and is even.
 
-    SDL_mixer leaves a whole buffer silent when a piece ends where a buffer of 4096 samples
-    does; with an odd number of frames that happens in one round of 64, the least possible.
+    An even number keeps every end of a round off the mixer's buffer borders: see loopmp3.
     """
     wanted = Clock(score).total * GAME_RATE / FRAME
-    fast = [n for n in range(int(wanted * .97), int(wanted * 1.03)) if n % 2 and
-            _transforms_fast(n)]
+    fast = [n for n in range(int(wanted * .97), int(wanted * 1.03))
+            if n % 2 == 0 and _transforms_fast(n)]
     frames = min(fast, key=lambda n: abs(n - wanted))
     return Clock(score, frames * FRAME / GAME_RATE)
 

@@ -102,7 +102,7 @@ def _save(figure, path):
 def draw(score, clock, samples, curve, path):
     """Writes the picture of a piece, of its decoded sound and of (times, LUFS, LUFS)."""
     figure, panels = pyplot.subplots(4, 1, figsize=(16, 13), sharex=True,
-                                     height_ratios=(5, 1, 3, 2))
+                                     height_ratios=(5, 1.6, 3, 2))
     figure.suptitle(f'{score.title} ({score.name})')
     _piano_roll(panels[0], score, clock)
     _drums(panels[1], score, clock)

@@ -7,11 +7,8 @@ from . import loopmp3, measure, mix, scorefile
 from .command import score_path
 
 TARGET_LUFS, NEAR_ENOUGH, ATTEMPTS = -16.0, 0.05, 8
-# Latin-1, because the byte order mark of UTF-16 looks like the beginning of a frame.
-TAG = ['--add-id3v2', '--id3v2-only', '--id3v2-latin1', '--pad-id3v2-size', '0',
-       '--tl', 'Morvane', '--ta', 'The Morvane makers',
-       '--tv', 'TCOP=2026 The Morvane makers, CC-BY-4.0',
-       '--tv', 'WCOP=https://creativecommons.org/licenses/by/4.0/']
+TAG = {'TALB': 'Morvane', 'TPE1': 'The Morvane makers',
+       'TCOP': '2026 The Morvane makers, CC-BY-4.0'}
 
 
 def _master(score, loop):
@@ -36,4 +33,4 @@ def produce(name, folder):
     samples = _master(score, mix.mix(score, clock, folder, parts))
     np.save(folder / 'loop.npy', samples.astype(np.float32))
     quality = ['-V', f'{score.mixing["quality"]:g}', '--vbr-new']
-    return loopmp3.cut(samples, [*quality, *TAG, '--tt', score.title])
+    return loopmp3.cut(samples, quality, loopmp3.tag({'TIT2': score.title, **TAG}))

@@ -9,7 +9,7 @@ import numpy as np
 
 from .loopmp3 import RATE
 
-WINDOW = 6000            # samples compared around the seam
+WINDOW = 12000           # samples compared around the loop's border; the file's is near it
 QUIET = 2e-3
 PATIENCE = 120           # seconds after which the player gives up
 
@@ -58,7 +58,7 @@ def _error(heard, wanted):
 def seam(played, loop, stream):
     """Gap in samples, longest near-silence, errors in dB around the seam.
 
-    `loop` is the loop before encoding, `stream` the file's frames decoded twice in a row:
+    `loop` is the loop before encoding, `stream` the file's frames decoded twice without a break:
     against the stream the seam's own error shows, against the loop the encoder's, to be
     seen beside the median of all windows.
     """
@@ -67,10 +67,11 @@ def seam(played, loop, stream):
     start = _lag(source[probe:probe + 60000], heard[:count + 40000]) - probe
     first = start + probe
     second = _lag(heard[first:first + 60000], heard[first + count - 20000:first + count + 80000])
+    unbroken = _lag(source[probe:probe + 60000], stream[:count, 0]) - probe + count
     around = heard[start + count - WINDOW // 2:start + count + WINDOW // 2]
     wanted = np.concatenate([source[-WINDOW // 2:], source[:WINDOW // 2]])
     errors = [_error(heard[start + at:start + at + WINDOW], source[at:at + WINDOW])
               for at in range(WINDOW, count - WINDOW, WINDOW)]
     return {'gap': second - 20000, 'silence ms': _longest_run(np.abs(around) < QUIET) / RATE * 1000,
-            'added dB': _error(around, stream[count - WINDOW // 2:count + WINDOW // 2, 0]),
+            'added dB': _error(around, stream[unbroken - WINDOW // 2:unbroken + WINDOW // 2, 0]),
             'encoder dB': _error(around, wanted), 'median encoder dB': np.median(errors)}
