@@ -44,27 +44,7 @@ int opacityAfter(int frames, int fullAfter) {
     return frames * opaque / fullAfter;
 }
 
-} // namespace
-
-IntroScreen::IntroScreen() : frameCounter(0), buf(createSurface(screen->w, screen->h)) {}
-
-IntroScreen::~IntroScreen() {
-    if (buf != nullptr) {
-        SDL_FreeSurface(buf);
-    }
-}
-
-void IntroScreen::event(SDL_Event* e) {
-    if (e->type == SDL_KEYDOWN || e->type == SDL_MOUSEBUTTONUP) {
-        newProgramMode = new MainMenu;
-    }
-    if (e->type == SDL_QUIT) {
-        stopProgram();
-    }
-}
-
-void IntroScreen::update() {
-    const int f = frameCounter;
+void drawFrame(SDL_Surface* buf, int f) {
     if (f == 0) {
         composeCentred(buf, "brannoc4f.png");
     }
@@ -89,7 +69,33 @@ void IntroScreen::update() {
         composeTitle(buf);
         fade(buf, opaque);
     }
-    if (f == introEnd) {
+}
+
+} // namespace
+
+IntroScreen::IntroScreen() : frameCounter(0), buf(createSurface(screen->w, screen->h)) {}
+
+IntroScreen::~IntroScreen() {
+    if (buf != nullptr) {
+        SDL_FreeSurface(buf);
+    }
+}
+
+void IntroScreen::event(SDL_Event* e) {
+    if (e->type == SDL_KEYDOWN || e->type == SDL_MOUSEBUTTONUP) {
+        newProgramMode = new MainMenu;
+    }
+    if (e->type == SDL_QUIT) {
+        stopProgram();
+    }
+}
+
+void IntroScreen::update() {
+    // Without memory for its picture the intro runs on unseen.
+    if (buf != nullptr) {
+        drawFrame(buf, frameCounter);
+    }
+    if (frameCounter == introEnd) {
         newProgramMode = new MainMenu;
     }
     ++frameCounter;

@@ -3,6 +3,8 @@
 
 #include "mainmenu.h"
 
+#include <string>
+
 #include "credits.h"
 #include "gamehandler.h"
 #include "helpscreen.h"
@@ -23,6 +25,9 @@ const int battleButton = 0;
 const int helpButton = 1;
 const int creditsButton = 2;
 const int quitButton = 3;
+
+// A string made once; a name as long as this would otherwise take memory anew in every frame.
+const std::string painting = "pozadie-lode3.png";
 
 bool isSelectKey(SDLKey key) {
     return key == SDLK_RETURN || key == SDLK_SPACE;
@@ -90,6 +95,10 @@ void MainMenu::event(SDL_Event* e) {
 }
 
 void MainMenu::activate() {
+    // The plates go to two surfaces in turn. With run lengths SDL 1.2 would encode the whole strip
+    // anew at every change, and a frame of the menu would take longer than the loop allows it.
+    SDL_Surface* strip = imagePool["tlacitka.png"];
+    SDL_SetAlpha(strip, SDL_SRCALPHA, strip->format->alpha);
     redraw();
     Music::play(1);
 }
@@ -108,7 +117,7 @@ void MainMenu::cleanUp() {
 void MainMenu::redraw() {
     SDL_Surface* logo = imagePool["logo.png"];
     SDL_Surface* panel = imagePool["menu.png"];
-    drawPicture(imagePool["pozadie-lode3.png"], menuImage, 0, 0);
+    drawPicture(imagePool[painting], menuImage, 0, 0);
     drawPicture(logo, menuImage, (screen->w - logo->w) / 2, 0);
     drawPicture(panel, menuImage, (screen->w - panel->w) / 2, getAbsoluteMenuYOffset());
     for (MainMenuButton* button : buttons) {

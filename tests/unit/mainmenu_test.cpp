@@ -143,6 +143,18 @@ TEST_F(MainMenuTest, drawsLogoPanelAndButtonsOverTheBackground) {
     EXPECT_EQ(difference(expected.get(), menu->menuImage), "");
 }
 
+// With run lengths the classic library would encode the strip anew eight times a frame.
+TEST_F(MainMenuTest, drawsItsPlatesWithoutRunLengths) {
+    SDL_Surface* strip = imagePool["tlacitka.png"];
+    SDL_SetAlpha(strip, SDL_SRCALPHA | SDL_RLEACCEL, strip->format->alpha);
+
+    menu->activate();
+    menu->update();
+
+    EXPECT_EQ(strip->flags & (SDL_RLEACCEL | SDL_RLEACCELOK), 0U);
+    EXPECT_NE(strip->flags & SDL_SRCALPHA, 0U);
+}
+
 TEST_F(MainMenuTest, paintsOverWhateverWasThere) {
     menu->redraw();
     OwnedSurface expected = copyOf(screen);
