@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+// Replays the game from scripts; README.md tells how to use it.
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "clippingcheck.h"
+#include "figures.h"
+#include "longruns.h"
+#include "scripts.h"
+#include "seeds.h"
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+int numberOf(const std::string& word) {
+    return std::atoi(word.c_str());
+}
+
+int useWrongly() {
+    std::fputs(
+        "usage: replay [--figures FILE] COMMAND\n"
+        "  scripts [NAME]            replay the written scripts\n"
+        "  scripts-undrawn [NAME]    the same without moving a pixel\n"
+        "  seeds FIRST STEP          replay the scripts of every STEP-th seed\n"
+        "  seeds-drawn FIRST STEP    the same, moving every pixel\n"
+        "  clipping                  compare the clipping stand-in with the library\n"
+        "  monkey SEED FRAMES        random input, everything drawn\n"
+        "  night SEED FRAMES         the same with few frames drawn, watching for growth\n"
+        "  show SEED FRAME           the state of a seed's script after a frame\n"
+        "  show NAME FRAME [BMP]     the same of a written script, or of a FILE.txt, and its\n"
+        "                            display\n"
+        "  renew-scripts [NAME]      take what is seen for what is expected\n"
+        "  renew-seeds\n",
+        stderr);
+    return 2;
+}
+
+bool isNumber(const std::string& word) {
+    return word.find_first_not_of("0123456789") == std::string::npos;
+}
+
+void show(const Words& words) {
+    if (isNumber(words[1])) {
+        showSeed(numberOf(words[1]), numberOf(words[2]));
+    } else {
+        showScript(words[1], numberOf(words[2]), words.size() > 3 ? words[3] : "");
+    }
+}
+
+// Returns the exit status.
+int run(const Words& words, Figures& figures) {
+    const std::string command = words.empty() ? "" : words[0];
+    const std::string name = words.size() > 1 ? words[1] : "";
+    const bool hasTwo = words.size() > 2;
+    bool good = true;
+    if (command == "scripts" || command == "scripts-undrawn") {
+        good = replayScripts(name, command == "scripts", figures);
+    } else if ((command == "seeds" || command == "seeds-drawn") && hasTwo) {
+        const SeedChoice choice = {numberOf(name), numberOf(words[2]), command == "seeds-drawn"};
+        good = choice.step > 0 && replaySeeds(choice, figures);
+    } else if (command == "clipping") {
+        good = clipsLikeTheLibrary(figures);
+    } else if ((command == "monkey" || command == "night") && hasTwo) {
+        const LongRun longRun = {static_cast<unsigned>(numberOf(name)), numberOf(words[2]),
+                                 command == "night"};
+        good = surviveLongRun(longRun, figures);
+    } else if (command == "show" && hasTwo) {
+        show(words);
+    } else if (command == "renew-scripts") {
+        renewScripts(name);
+    } else if (command == "renew-seeds") {
+        renewSeeds();
+    } else {
+        return useWrongly();
+    }
+    return good ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // A replay shows and sounds nothing, whatever drivers there are.
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    Words words(argv + 1, argv + argc);
+    std::string figuresFile;
+    if (words.size() > 1 && words[0] == "--figures") {
+        figuresFile = words[1];
+        words.erase(words.begin(), words.begin() + 2);
+    }
+    Figures figures;
+    const int status = run(words, figures);
+    printFigures(figures);
+    if (status == 0 && !figuresFile.empty()) {
+        writeFigures(figuresFile, figures);
+    }
+    return status;
+}

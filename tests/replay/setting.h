@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "script.h"
+
+// Sets a field of the battle that is going on. Anything else ends the process with a message.
+void applySetting(const Setting& setting);
