@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "battles.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "barrier.h"
+#include "keyboard.h"
+#include "main.h"
+
+void prepareGame() {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        error("$Could not initialize SDL", 4);
+    }
+    screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
+    programDataPath = getDataPath();
+    bool loaded = screen != nullptr;
+    for (const char* name : {"pozadie-lode3.png", "brannoc4f.png", "presentsscreen1.png",
+                             "bar1.png", "bar2.png", "kruh.png", "voda.png"}) {
+        loaded = loaded && loadImage(name, false) != nullptr;
+    }
+    for (const char* name : {"logo.png", "menu.png", "tlacitka.png", "lod1.png", "cball.png",
+                             "prekazka1.png", "prekazka2.png", "prekazka3.png"}) {
+        loaded = loaded && loadImage(name, true) != nullptr;
+    }
+    if (!loaded) {
+        std::fputs("The benchmark needs a display driver and the game's data.\n", stderr);
+        std::exit(1);
+    }
+}
+
+void holdBattleKeys() {
+    for (SDLKey key : {SDLK_w, SDLK_a, SDLK_TAB, SDLK_UP, SDLK_LEFT, SDLK_RETURN}) {
+        SDL_Event event = {};
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = key;
+        Keyboard::keyPress(&event);
+    }
+}
+
+void multiplyBarriers(GameHandler& battle, int times) {
+    const std::vector<Barrier*> first = battle.barriers;
+    for (int i = 1; i < times; ++i) {
+        for (const Barrier* model : first) {
+            // A barrier seeks a place free of the others; an empty list gives it any place.
+            std::vector<Barrier*> others;
+            others.swap(battle.barriers);
+            auto* barrier = new Barrier(&battle, model->type);
+            battle.barriers.swap(others);
+            battle.barriers.push_back(barrier);
+            battle.objects.insert(battle.objects.begin(), barrier);
+        }
+    }
+}
+
+void enlargeWorld(GameHandler& battle, int size) {
+    SDL_Surface* sea = createSurface(size, size);
+    SDL_Surface* old = battle.background;
+    for (int x = 0; x < size; x += old->w) {
+        for (int y = 0; y < size; y += old->h) {
+            drawPicture(old, sea, x, y);
+        }
+    }
+    SDL_FreeSurface(battle.world);
+    SDL_FreeSurface(old);
+    battle.background = sea;
+    battle.world = createSurface(size, size);
+}
+
+void bareCopies(GameHandler& battle) {
+    SDL_Rect place1 = {5, 5, 0, 0};
+    SDL_Rect place2 = {405, 5, 0, 0};
+    SDL_BlitSurface(battle.background, nullptr, battle.world, nullptr);
+    SDL_BlitSurface(battle.world, &battle.viewport1, screen, &place1);
+    SDL_BlitSurface(battle.world, &battle.viewport2, screen, &place2);
+}

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "floors.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <SDL_image.h>
+#include <SDL_mixer.h>
+#include <SDL_ttf.h>
+
+#include "main.h"
+#include "samples.h"
+
+namespace {
+
+const char* const pictures[] = {
+    "logo.png",  "menu.png",      "tlacitka.png",  "pozadie-lode3.png",
+    "lod1.png",  "brannoc4f.png", "bar1.png",      "presentsscreen1.png",
+    "bar2.png",  "kruh.png",      "voda.png",      "strela2.png",
+    "cball.png", "prekazka1.png", "prekazka2.png", "prekazka3.png",
+};
+const char* const tracks[] = {"music1.mp3", "music2.mp3", "music3.mp3"};
+const int fontSize = 29;
+
+void require(bool success) {
+    if (!success) {
+        std::fprintf(stderr, "The benchmark cannot go on: %s\n", SDL_GetError());
+        std::exit(1);
+    }
+}
+
+void startLibraries() {
+    require(SDL_Init(SDL_INIT_EVERYTHING) == 0);
+    screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
+    require(screen != nullptr);
+    require(TTF_Init() == 0);
+    require(Mix_OpenAudio(22050, AUDIO_S16SYS, 2, 4096) == 0);
+    programDataPath = getDataPath();
+}
+
+double residentMegabytes() {
+    long total = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+double processorSeconds() {
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+           static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+} // namespace
+
+void measureDecoding() {
+    startLibraries();
+    const Clock::time_point start = Clock::now();
+    for (const char* name : pictures) {
+        SDL_Surface* picture = IMG_Load((programDataPath + name).c_str());
+        require(picture != nullptr);
+        SDL_FreeSurface(picture);
+    }
+    const double picturesDone = microsecondsSince(start);
+    TTF_Font* font = TTF_OpenFont((programDataPath + "papyrus.ttf").c_str(), fontSize);
+    require(font != nullptr);
+    for (const char* name : tracks) {
+        require(Mix_LoadMUS((programDataPath + name).c_str()) != nullptr);
+    }
+    printFigure("decode pictures", "ms", picturesDone / 1000);
+    printFigure("decode all files", "ms", microsecondsSince(start) / 1000);
+}
+
+void measureMemory() {
+    startLibraries();
+    std::vector<std::pair<int, int>> sizes = {{800, 600}}; // the intro's own picture
+    for (const char* name : pictures) {
+        SDL_Surface* picture = IMG_Load((programDataPath + name).c_str());
+        require(picture != nullptr);
+        sizes.emplace_back(picture->w, picture->h);
+        SDL_FreeSurface(picture);
+    }
+    for (const auto& size : sizes) {
+        SDL_Surface* surface = createSurface(size.first, size.second);
+        require(surface != nullptr && SDL_FillRect(surface, nullptr, 1) == 0);
+    }
+    require(SDL_FillRect(screen, nullptr, 1) == 0 && SDL_Flip(screen) == 0);
+    require(TTF_OpenFont((programDataPath + "papyrus.ttf").c_str(), fontSize) != nullptr);
+    for (const char* name : tracks) {
+        Mix_Music* track = Mix_LoadMUS((programDataPath + name).c_str());
+        require(track != nullptr);
+        if (name == tracks[0]) {
+            require(Mix_PlayMusic(track, -1) == 0);
+        }
+    }
+    printFigure("memory floor", "MB", residentMegabytes());
+}
+
+void measurePacing(int frames) {
+    require(SDL_Init(SDL_INIT_EVERYTHING) == 0);
+    const double before = processorSeconds();
+    const Clock::time_point start = Clock::now();
+    for (int i = 0; i < frames; ++i) {
+        const Uint32 frameStart = SDL_GetTicks();
+        SDL_Event event;
+        while (SDL_PollEvent(&event) != 0) {
+        }
+        while (SDL_GetTicks() - frameStart < 16) {
+            SDL_Delay(1);
+        }
+    }
+    const double share = (processorSeconds() - before) / (microsecondsSince(start) / 1e6);
+    printFigure("pacing steps alone", "% of a core", 100 * share);
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+// What the game's work costs at the least, without the game. Each prints lines of JSON.
+
+// Decodes every file that the game loads, once, in this process.
+void measureDecoding();
+
+// Starts the libraries and keeps surfaces as large as what the game keeps loaded, with the font
+// and the music; prints the resident memory.
+void measureMemory();
+
+// Waits as the main loop waits, for this many frames of 16 ms, and prints the part of a core used.
+void measurePacing(int frames);

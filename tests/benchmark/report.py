@@ -1,0 +1,254 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Runs the benchmark's parts on every SDL 1.2 library and prints one page; also as JSON.
+
+Every ratio is taken from two figures of the same run of the same process, so that it holds on a
+busy machine; the times themselves do not.
+"""
+
+import argparse
+import contextlib
+import json
+import os
+import platform
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+STARTS = 15
+PLAYED_FRAMES = 400
+FRAME = 16.0  # milliseconds
+PACED_FRAMES = 10000
+SCREENS = ("menu", "battle", "help")
+FLOORS = {
+    "battle frame": ("battle bare copies", "battle frame's own blits",
+                     "battle plain memory copies"),
+    "menu frame": ("menu frame's own blits",),
+    "intro frame": ("intro frame's own blits",),
+    "construction of a battle": ("its surfaces, created and filled",),
+}
+PARTS_OF_FRAME = ("GameHandler::update", "Barrier::update", "Bullet::update",
+                  "PlayerShip::update", "PlayerShip::keyboard", "PlayerShip::move")
+
+
+class Bench:
+    """The programs under measurement, with one SDL library."""
+
+    def __init__(self, options, library, path):
+        self.options = options
+        self.library = library
+        self.environment = dict(os.environ, SDL_VIDEODRIVER="dummy", SDL_AUDIODRIVER="dummy")
+        if path:
+            self.environment["LD_LIBRARY_PATH"] = path
+
+    def figures(self, *part):
+        """What frame_benchmark prints for a part, by name."""
+        done = subprocess.run([self.options.benchmark, *part], cwd=self.options.root,
+                              env=self.environment, stdout=subprocess.PIPE, text=True,
+                              check=part[0] != "allocations")
+        rows = [json.loads(line) for line in done.stdout.splitlines()]
+        return {row.pop("name"): row for row in rows}
+
+    def play(self, screen, frames, display=None):
+        """Plays the real game; returns the log's times, its processor seconds and its length."""
+        with tempfile.TemporaryDirectory() as scratch:
+            log = Path(scratch) / "log"
+            environment = dict(self.environment, LD_PRELOAD=self.options.player,
+                               BENCHMARK_SCREEN=screen, BENCHMARK_FRAMES=str(frames),
+                               BENCHMARK_LOG=str(log))
+            if display:
+                del environment["SDL_VIDEODRIVER"]
+                environment["DISPLAY"] = display
+            start = time.clock_gettime(time.CLOCK_MONOTONIC) * 1000
+            process = subprocess.Popen([self.options.binary], cwd=self.options.root,
+                                       env=environment)
+            usage = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(usage[1])
+            if process.returncode != 0:
+                sys.exit(f"the game ended with status {process.returncode}")
+            times = [float(line) for line in log.read_text().splitlines()]
+        first_flip, *frames_started = times
+        seconds = usage[2].ru_utime + usage[2].ru_stime
+        return first_flip - start, frames_started, seconds
+
+    def share(self, screen, display=None):
+        """The part of a core, in per cent, that a screen takes at the game's own pace.
+
+        The difference between a short and a long play leaves the start out."""
+        _, short, less = self.play(screen, PLAYED_FRAMES // 4, display)
+        _, long, more = self.play(screen, PLAYED_FRAMES, display)
+        length = (long[-1] - long[0]) - (short[-1] - short[0])
+        return 100 * (more - less) / (length / 1000)
+
+    def memory(self):
+        """Resident megabytes at the end of half a second of intro."""
+        done = subprocess.run(
+            ["/bin/sh", "-c", '"$1" & sleep 1; cat /proc/$!/statm; kill $!', "sh",
+             self.options.binary],
+            cwd=self.options.root, env=self.environment, stdout=subprocess.PIPE, text=True,
+            check=False)
+        return int(done.stdout.split()[1]) * os.sysconf("SC_PAGESIZE") / 1e6
+
+
+@contextlib.contextmanager
+def virtual_display():
+    """An X server of the game's size and its DISPLAY; None where there is no Xvfb."""
+    if shutil.which("Xvfb") is None:
+        yield None
+        return
+    read, write = os.pipe()
+    server = subprocess.Popen(
+        ["Xvfb", "-displayfd", str(write), "-screen", "0", "800x600x24", "-nolisten", "tcp"],
+        pass_fds=[write], stderr=subprocess.DEVNULL)
+    os.close(write)
+    with os.fdopen(read) as pipe:
+        number = pipe.readline().strip()
+    try:
+        yield f":{number}"
+    finally:
+        server.terminate()
+        server.wait()
+
+
+def quantile(values, part):
+    values = sorted(values)
+    return values[int(part * (len(values) - 1))]
+
+
+def row(name, value, unit, ninety_nine=None, note=""):
+    tail = "" if ninety_nine is None else f"{ninety_nine:10.2f}"
+    print(f"  {name:38} {value:10.2f}{tail:10} {unit} {note}".rstrip())
+
+
+def report_frames(bench):
+    """Frames, start, memory and share of a core."""
+    figures = {}
+    for part in ("battle", "menu", "intro", "construction", "allocations"):
+        figures.update(bench.figures(part))
+    for name, figure in figures.items():
+        row(name, figure["median"], figure["unit"], figure.get("p99"))
+    ratios = {}
+    for name, floors in FLOORS.items():
+        for floor in floors:
+            median = figures[name]["median"] / figures[floor]["median"]
+            tail = figures[name]["p99"] / figures[floor]["p99"]
+            ratios[f"{name} / {floor}"] = {"median": median, "p99": tail}
+            row(f"{name} / {floor}"[:60], median, "times", tail)
+    figures["ratios"] = ratios
+    starts = [bench.play("intro", 3)[0] for _ in range(STARTS)]
+    decoding = [bench.figures("decoding")["decode all files"]["median"] for _ in range(STARTS)]
+    figures["start"] = {"median": quantile(starts, 0.5), "p99": quantile(starts, 0.99),
+                        "decoding": quantile(decoding, 0.5)}
+    row("start to first frame", quantile(starts, 0.5), "ms", quantile(starts, 0.99))
+    row("decoding the same files once", quantile(decoding, 0.5), "ms", quantile(decoding, 0.99))
+    row("start / decoding", quantile(starts, 0.5) / quantile(decoding, 0.5), "times")
+    floor = bench.figures("memory")["memory floor"]["median"]
+    memory = bench.memory()
+    figures["memory"] = {"game": memory, "floor": floor}
+    row("resident memory", memory, "MB")
+    row("what is kept loaded, by itself", floor, "MB")
+    row("memory / floor", memory / floor, "times")
+    report_shares(bench, figures)
+    return figures
+
+
+def report_shares(bench, figures):
+    """The part of a core that each screen takes, without and with a display."""
+    pacing = bench.figures("pacing", "300")["pacing steps alone"]["median"]
+    row("pacing steps alone", pacing, "% of a core")
+    figures["share"] = {"pacing": pacing}
+    with virtual_display() as number:
+        stages = {"dummy": None} if number is None else {"dummy": None, "Xvfb": number}
+        for stage, display in stages.items():
+            for screen in SCREENS:
+                share = bench.share(screen, display)
+                figures["share"][f"{screen} {stage}"] = share
+                row(f"{screen} at its own pace, {stage}", share, "% of a core")
+
+
+def report_growth(bench):
+    """How the cost of a frame grows with barriers and with the world."""
+    figures = bench.figures("growth")
+    for name, figure in figures.items():
+        row(name, figure["median"], figure["unit"], figure["p99"])
+    return figures
+
+
+def report_instructions(bench):
+    """Instructions of a battle frame, part by part, from callgrind: the same on every run."""
+    counts = {}
+    for frames in (20, 220):
+        with tempfile.TemporaryDirectory() as scratch:
+            out = Path(scratch) / "callgrind"
+            subprocess.run(
+                ["valgrind", "-q", "--tool=callgrind", f"--callgrind-out-file={out}",
+                 bench.options.benchmark, "run", str(frames)],
+                cwd=bench.options.root, env=bench.environment, check=True)
+            text = subprocess.run(
+                ["callgrind_annotate", "--inclusive=yes", "--threshold=100", str(out)],
+                stdout=subprocess.PIPE, text=True, check=True).stdout
+        for part in PARTS_OF_FRAME:
+            found = re.findall(rf"^\s*([\d,]+).*:{re.escape(part)}\(", text, re.MULTILINE)
+            count = int(found[0].replace(",", "")) if found else 0
+            counts.setdefault(part, []).append(count)
+    figures = {}
+    for part, (few, many) in counts.items():
+        figures[part] = (many - few) / 200
+        row(part, figures[part], "instructions a frame")
+    return figures
+
+
+def report_pacing(bench):
+    """The length of ten thousand frames of a real battle, and what follows a late one."""
+    _, started, _ = bench.play("battle", PACED_FRAMES)
+    started = started[100:]
+    periods = [b - a for a, b in zip(started, started[1:])]
+    jitter = [abs(period - quantile(periods, 0.5)) for period in periods]
+    late = [i for i, period in enumerate(periods[:-1]) if period > 1.5 * FRAME]
+    after = [periods[i + 1] for i in late]
+    figures = {"frames": len(periods), "median": quantile(periods, 0.5),
+               "shortest": min(periods), "longest": max(periods),
+               "jitter p99": quantile(jitter, 0.99), "late": len(late),
+               "shortest after a late one": min(after) if after else None}
+    row("frames", figures["frames"], "")
+    row("period", figures["median"], "ms", quantile(periods, 0.99))
+    row("shortest", figures["shortest"], "ms")
+    row("longest", figures["longest"], "ms")
+    row("jitter, 99th percentile", figures["jitter p99"], "ms")
+    row("late frames (over 24 ms)", figures["late"], "")
+    if after:
+        row("shortest frame after a late one", min(after), "ms", None,
+            "(a late frame is not made up)")
+    return figures
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("part", choices=("frames", "growth", "instructions", "pacing"))
+    for name in ("benchmark", "player", "binary", "root", "json"):
+        parser.add_argument(f"--{name}", required=True)
+    parser.add_argument("--library", action="append", default=[], help="NAME=PATH")
+    options = parser.parse_args()
+    reports = {"frames": report_frames, "growth": report_growth,
+               "instructions": report_instructions, "pacing": report_pacing}
+    store = Path(options.json)
+    results = json.loads(store.read_text()) if store.exists() else {}
+    cpu = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text())
+    results["machine"] = f"{cpu[1] if cpu else platform.machine()}, {os.cpu_count()} cores"
+    print(f"{results['machine']}; load {os.getloadavg()[0]:.1f}")
+    print(f"  {'':38} {'median':>10}{'99 %':>10}")
+    for library in options.library or ["default="]:
+        name, path = library.split("=", 1)
+        print(name)
+        results.setdefault(name, {})[options.part] = reports[options.part](
+            Bench(options, name, path))
+    store.write_text(json.dumps(results, indent=2) + "\n")
+
+
+if __name__ == "__main__":
+    main()
