@@ -24,6 +24,8 @@ def pytest_addoption(parser):
     parser.addoption("--binary", default=str(PROJECT / "build/test/morvane"))
     parser.addoption("--root", default=str(PROJECT), help="where the game is started")
     parser.addoption("--fixed-time", default=None, help="the library that stops its clock")
+    parser.addoption("--recorder", default=None, help="the library that writes a session down")
+    parser.addoption("--replay", default=None, help="the program that replays sessions")
 
 
 @pytest.fixture(scope="session")
