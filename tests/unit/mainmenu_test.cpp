@@ -125,6 +125,9 @@ TEST_F(MainMenuTest, tellsTheHeightsOfItsLayout) {
     EXPECT_EQ(MainMenu::getLogoHeight(), 150);
     EXPECT_EQ(MainMenu::getMenuHeight(), 440);
     EXPECT_EQ(MainMenu::getAbsoluteMenuYOffset(), 150);
+    // Both stand where they belong without an offset of their own.
+    EXPECT_EQ(MainMenu::getLogoYOffset(), 0);
+    EXPECT_EQ(MainMenu::getMenuYOffset(), 0);
 }
 
 // Drawing.
