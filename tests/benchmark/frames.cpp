@@ -212,28 +212,26 @@ int countFrameWork() {
         battle.activate();
         holdBattleKeys();
         // Not to the end of the duel, which makes the next screen.
-        work += callsOfGame(
-            "battle",
-            [&] {
-                battle.ship1->hp = battle.ship1->maxhp;
-                battle.ship2->hp = battle.ship2->maxhp;
-                battle.update();
-            },
-            measuredFrames);
+        const auto frame = [&battle] {
+            battle.ship1->hp = battle.ship1->maxhp;
+            battle.ship2->hp = battle.ship2->maxhp;
+            battle.update();
+        };
+        work += callsOfGame("battle", frame, measuredFrames);
     }
     {
         MainMenu menu;
         menu.activate();
         menu.down();
         menu.update();
-        work += callsOfGame(
-            "menu", [&] { menu.update(); }, measuredFrames);
+        const auto frame = [&menu] { menu.update(); };
+        work += callsOfGame("menu", frame, measuredFrames);
     }
     {
         IntroScreen intro;
         intro.update();
-        work += callsOfGame(
-            "intro", [&] { intro.update(); }, fadeFrames);
+        const auto frame = [&intro] { intro.update(); };
+        work += callsOfGame("intro", frame, fadeFrames);
     }
     return work == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
