@@ -20,6 +20,7 @@ from test_library_calls import faults_of_releases
 SLIP = 3   # what valgrind ends with after an error
 RACE = 66  # the same of the thread sanitizer
 PATIENCE = 800
+SUPPRESSIONS = Path(__file__).resolve().parents[1] / "valgrind.supp"
 
 
 @dataclass(frozen=True)
@@ -66,7 +67,8 @@ def a_session(request, game, real_data, tmp_path):
 def test_no_slip_of_memory(playing, game, report, tmp_path):
     log = tmp_path / "memcheck"
     outcome = playing(game.binary, f"valgrind --error-exitcode={SLIP} --leak-check=full "
-                      f"--errors-for-leak-kinds=definite,possible --log-file={log}")
+                      f"--errors-for-leak-kinds=definite,possible --suppressions={SUPPRESSIONS} "
+                      f"--log-file={log}")
     found = log.read_text("utf-8")
     errors = re.search(r"ERROR SUMMARY: (\d+) errors", found)[1]
     report("memcheck.errors", errors)
