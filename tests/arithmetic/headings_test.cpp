@@ -9,6 +9,7 @@
 #include "bullet.h"
 #include "gamehandler.h"
 #include "keyboard.h"
+#include "keys.h"
 #include "playership.h"
 
 namespace {
@@ -57,17 +58,6 @@ int cut(long double distance) {
     return distance < 0 ? -pixels : pixels;
 }
 
-void press(SDLKey key) {
-    SDL_Event event = keyDown(key);
-    Keyboard::keyPress(&event);
-}
-
-void letGo(SDLKey key) {
-    SDL_Event event = keyUp(key);
-    Keyboard::keyRelease(&event);
-    Keyboard::releaseKeys();
-}
-
 } // namespace
 
 TEST_F(HeadingsTest, turnsAddUpWithoutDrift) {
@@ -79,6 +69,7 @@ TEST_F(HeadingsTest, turnsAddUpWithoutDrift) {
             battle.ship1->keyboard();
         }
         letGo(key);
+        Keyboard::releaseKeys();
         const long double exact = 1.0L + (key == SDLK_a ? 1 : -1) * turns / 20.0L;
         EXPECT_NEAR(static_cast<double>(exact), battle.ship1->direction, 1e-8);
     }
@@ -108,6 +99,7 @@ TEST_F(HeadingsTest, theHitBoxFollowsEveryReachableHeading) {
                 onTheLine += phases.size() > 1 ? 1 : 0;
             }
             letGo(key);
+            Keyboard::releaseKeys();
         }
     }
     for (long times : seen) {

@@ -11,6 +11,7 @@
 #include "drawing.h"
 #include "gamehandler.h"
 #include "keyboard.h"
+#include "keys.h"
 #include "main.h"
 #include "playership.h"
 
@@ -33,11 +34,9 @@ void fumble(std::mt19937& dice) {
     }
     const SDLKey key = battleKeys[dice() % battleKeys.size()];
     if (dice() % 3 != 0) {
-        SDL_Event event = keyDown(key);
-        Keyboard::keyPress(&event);
+        press(key);
     } else {
-        SDL_Event event = keyUp(key);
-        Keyboard::keyRelease(&event);
+        letGo(key);
     }
 }
 
@@ -139,8 +138,7 @@ TEST_F(VoyagesTest, whateverPlayersPressTheRulesHold) {
             jumps += watch.jumps;
         }
         for (SDLKey key : battleKeys) {
-            SDL_Event event = keyUp(key);
-            Keyboard::keyRelease(&event);
+            letGo(key);
         }
         Keyboard::releaseKeys();
     }
