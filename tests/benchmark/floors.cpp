@@ -3,6 +3,7 @@
 
 #include "floors.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -109,8 +110,14 @@ void measurePacing(int frames) {
     require(SDL_Init(SDL_INIT_EVERYTHING) == 0);
     const double before = processorSeconds();
     const Clock::time_point start = Clock::now();
+    Clock::time_point lastStart = start;
+    std::vector<double> periods;
     for (int i = 0; i < frames; ++i) {
         const Uint32 frameStart = SDL_GetTicks();
+        if (i > 0) {
+            periods.push_back(microsecondsSince(lastStart) / 1000);
+        }
+        lastStart = Clock::now();
         SDL_Event event;
         while (SDL_PollEvent(&event) != 0) {
         }
@@ -120,4 +127,9 @@ void measurePacing(int frames) {
     }
     const double share = (processorSeconds() - before) / (microsecondsSince(start) / 1e6);
     printFigure("pacing steps alone", "% of a core", 100 * share);
+    printSamples("period of the pacing steps alone", "ms", periods);
+    for (double& period : periods) {
+        period = std::abs(period - 16);
+    }
+    printSamples("their distance from 16 ms", "ms", periods);
 }

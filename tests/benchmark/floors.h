@@ -12,5 +12,6 @@ void measureDecoding();
 // and the music; prints the resident memory.
 void measureMemory();
 
-// Waits as the main loop waits, for this many frames of 16 ms, and prints the part of a core used.
+// Waits as the main loop waits, for this many frames of 16 ms (at least two); prints the part of a
+// core used and how even the frames were.
 void measurePacing(int frames);

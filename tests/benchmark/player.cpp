@@ -3,14 +3,19 @@
 
 // Preloaded before SDL, this plays the real game: it leads it to the screen named by
 // BENCHMARK_SCREEN, notes when every frame begins, and quits after BENCHMARK_FRAMES frames. At the
-// end it writes to the file BENCHMARK_LOG: when the first flip was done, and then a line for every
-// frame, all in milliseconds of the steady clock since boot.
+// end it writes to the file BENCHMARK_LOG: when the game started SDL and when the first flip was
+// done, and then for every frame when it began and how many events it left waiting. All times are
+// in milliseconds of the steady clock since boot.
+//
+// With BENCHMARK_DISTURB set, every 50th frame is held up for 40 ms and a hundred movements of the
+// mouse wait at the beginning of every frame.
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
+#include <thread>
 #include <vector>
 
 #include <dlfcn.h>
@@ -65,17 +70,28 @@ std::vector<KeyStroke> strokesTo(const char* screenName) {
     return strokes;
 }
 
+struct Frame {
+    double start;
+    int eventsLeft;
+};
+
+const int eventsPerDisturbedFrame = 100; // SDL 1.2 keeps at most 128
+const std::size_t framesBetweenHoldUps = 50;
+const std::chrono::milliseconds holdUp(40);
+
 struct Play {
     std::vector<KeyStroke> strokes = strokesTo(setting("BENCHMARK_SCREEN"));
     std::size_t nextStroke = 0;
     long frames = std::atol(setting("BENCHMARK_FRAMES"));
-    std::vector<double> frameStarts;
+    bool disturb = setting("BENCHMARK_DISTURB")[0] != '\0';
+    std::vector<Frame> frameLog;
+    double started = 0;
     double firstFlip = 0;
     bool atFrameStart = true;
     bool quitSent = false;
 
     Play() {
-        frameStarts.reserve(static_cast<std::size_t>(frames) + 10);
+        frameLog.reserve(static_cast<std::size_t>(frames) + 10);
     }
 
     void writeLog() const {
@@ -83,9 +99,9 @@ struct Play {
         if (log == nullptr) {
             return;
         }
-        std::fprintf(log, "%.6f\n", firstFlip);
-        for (double start : frameStarts) {
-            std::fprintf(log, "%.6f\n", start);
+        std::fprintf(log, "%.6f %.6f\n", started, firstFlip);
+        for (const Frame& frame : frameLog) {
+            std::fprintf(log, "%.6f %d\n", frame.start, frame.eventsLeft);
         }
         std::fclose(log);
     }
@@ -96,17 +112,43 @@ Play& play() {
     return instance;
 }
 
+void pushMouseMovements() {
+    SDL_Event event = {};
+    event.type = SDL_MOUSEMOTION;
+    for (int i = 0; i < eventsPerDisturbedFrame; ++i) {
+        SDL_PushEvent(&event);
+    }
+}
+
+int waitingEvents() {
+    std::array<SDL_Event, 128> events;
+    return SDL_PeepEvents(events.data(), static_cast<int>(events.size()), SDL_PEEKEVENT,
+                          SDL_ALLEVENTS);
+}
+
 } // namespace
+
+extern "C" int SDL_Init(Uint32 flags) {
+    using Init = int (*)(Uint32);
+    static const auto real = reinterpret_cast<Init>(dlsym(RTLD_NEXT, "SDL_Init"));
+    if (play().started == 0) {
+        play().started = now();
+    }
+    return real(flags);
+}
 
 extern "C" int SDL_PollEvent(SDL_Event* event) {
     using PollEvent = int (*)(SDL_Event*);
     static const auto real = reinterpret_cast<PollEvent>(dlsym(RTLD_NEXT, "SDL_PollEvent"));
     Play& p = play();
     if (p.atFrameStart) {
-        p.frameStarts.push_back(now());
+        p.frameLog.push_back({now(), 0});
         p.atFrameStart = false;
+        if (p.disturb) {
+            pushMouseMovements();
+        }
     }
-    const long frame = static_cast<long>(p.frameStarts.size());
+    const long frame = static_cast<long>(p.frameLog.size());
     if (p.nextStroke < p.strokes.size() && p.strokes[p.nextStroke].frame <= frame) {
         const KeyStroke& stroke = p.strokes[p.nextStroke++];
         *event = SDL_Event();
@@ -131,8 +173,14 @@ extern "C" int SDL_Flip(SDL_Surface* surface) {
     static const auto real = reinterpret_cast<Flip>(dlsym(RTLD_NEXT, "SDL_Flip"));
     const int result = real(surface);
     Play& p = play();
+    if (!p.frameLog.empty()) {
+        p.frameLog.back().eventsLeft = waitingEvents();
+    }
+    if (p.disturb && p.frameLog.size() % framesBetweenHoldUps == 0) {
+        std::this_thread::sleep_for(holdUp);
+    }
     // SDL 1.2 flips once by itself while it sets the display up.
-    if (p.firstFlip == 0 && !p.frameStarts.empty()) {
+    if (p.firstFlip == 0 && !p.frameLog.empty()) {
         p.firstFlip = now();
     }
     return result;

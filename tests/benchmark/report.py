@@ -9,6 +9,7 @@ busy machine; the times themselves do not.
 
 import argparse
 import contextlib
+import dataclasses
 import json
 import os
 import platform
@@ -19,11 +20,14 @@ import sys
 import tempfile
 import time
 from pathlib import Path
+from statistics import mean
 
 STARTS = 15
 PLAYED_FRAMES = 400
 FRAME = 16.0  # milliseconds
 PACED_FRAMES = 10000
+DISTURBED_FRAMES = 1000
+HELD_UP = 40.0  # milliseconds, at least, of a frame that was held up
 SCREENS = ("menu", "battle", "help")
 FLOORS = {
     "battle frame": ("battle bare copies", "battle frame's own blits",
@@ -34,6 +38,17 @@ FLOORS = {
 }
 PARTS_OF_FRAME = ("GameHandler::update", "Barrier::update", "Bullet::update",
                   "PlayerShip::update", "PlayerShip::keyboard", "PlayerShip::move")
+
+
+@dataclasses.dataclass
+class Play:
+    """The log of one play; times in milliseconds."""
+
+    linking: float  # from the start of the process to the game's first call of SDL
+    start: float  # to the first flip
+    frames: list  # when each frame began
+    events_left: int  # the most that a frame left waiting
+    processor_seconds: float
 
 
 class Bench:
@@ -54,13 +69,15 @@ class Bench:
         rows = [json.loads(line) for line in done.stdout.splitlines()]
         return {row.pop("name"): row for row in rows}
 
-    def play(self, screen, frames, display=None):
-        """Plays the real game; returns the log's times, its processor seconds and its length."""
+    def play(self, screen, frames, display=None, disturb=False):
+        """Plays the real game and returns what it logged."""
         with tempfile.TemporaryDirectory() as scratch:
             log = Path(scratch) / "log"
             environment = dict(self.environment, LD_PRELOAD=self.options.player,
                                BENCHMARK_SCREEN=screen, BENCHMARK_FRAMES=str(frames),
                                BENCHMARK_LOG=str(log))
+            if disturb:
+                environment["BENCHMARK_DISTURB"] = "1"
             if display:
                 del environment["SDL_VIDEODRIVER"]
                 environment["DISPLAY"] = display
@@ -71,19 +88,28 @@ class Bench:
             process.returncode = os.waitstatus_to_exitcode(usage[1])
             if process.returncode != 0:
                 sys.exit(f"the game ended with status {process.returncode}")
-            times = [float(line) for line in log.read_text().splitlines()]
-        first_flip, *frames_started = times
-        seconds = usage[2].ru_utime + usage[2].ru_stime
-        return first_flip - start, frames_started, seconds
+            rows = [[float(word) for word in line.split()]
+                    for line in log.read_text().splitlines()]
+        (init, first_flip), *frame_rows = rows
+        return Play(linking=init - start, start=first_flip - start,
+                    frames=[began for began, _ in frame_rows],
+                    events_left=int(max(left for _, left in frame_rows)),
+                    processor_seconds=usage[2].ru_utime + usage[2].ru_stime)
+
+    def decoding_program(self):
+        """Milliseconds for a program with the same libraries that decodes the files and ends."""
+        start = time.monotonic()
+        self.figures("decoding")
+        return 1000 * (time.monotonic() - start)
 
     def share(self, screen, display=None):
         """The part of a core, in per cent, that a screen takes at the game's own pace.
 
         The difference between a short and a long play leaves the start out."""
-        _, short, less = self.play(screen, PLAYED_FRAMES // 4, display)
-        _, long, more = self.play(screen, PLAYED_FRAMES, display)
-        length = (long[-1] - long[0]) - (short[-1] - short[0])
-        return 100 * (more - less) / (length / 1000)
+        short = self.play(screen, PLAYED_FRAMES // 4, display)
+        long = self.play(screen, PLAYED_FRAMES, display)
+        length = (long.frames[-1] - long.frames[0]) - (short.frames[-1] - short.frames[0])
+        return 100 * (long.processor_seconds - short.processor_seconds) / (length / 1000)
 
     def memory(self):
         """Resident megabytes at the end of half a second of intro."""
@@ -122,7 +148,7 @@ def quantile(values, part):
 
 def row(name, value, unit, ninety_nine=None, note=""):
     tail = "" if ninety_nine is None else f"{ninety_nine:10.2f}"
-    print(f"  {name:38} {value:10.2f}{tail:10} {unit} {note}".rstrip())
+    print(f"  {name:58} {value:10.2f}{tail:10} {unit} {note}".rstrip())
 
 
 def report_frames(bench):
@@ -138,15 +164,9 @@ def report_frames(bench):
             median = figures[name]["median"] / figures[floor]["median"]
             tail = figures[name]["p99"] / figures[floor]["p99"]
             ratios[f"{name} / {floor}"] = {"median": median, "p99": tail}
-            row(f"{name} / {floor}"[:60], median, "times", tail)
+            row(f"{name} / {floor}", median, "times", tail)
     figures["ratios"] = ratios
-    starts = [bench.play("intro", 3)[0] for _ in range(STARTS)]
-    decoding = [bench.figures("decoding")["decode all files"]["median"] for _ in range(STARTS)]
-    figures["start"] = {"median": quantile(starts, 0.5), "p99": quantile(starts, 0.99),
-                        "decoding": quantile(decoding, 0.5)}
-    row("start to first frame", quantile(starts, 0.5), "ms", quantile(starts, 0.99))
-    row("decoding the same files once", quantile(decoding, 0.5), "ms", quantile(decoding, 0.99))
-    row("start / decoding", quantile(starts, 0.5) / quantile(decoding, 0.5), "times")
+    report_start(bench, figures)
     floor = bench.figures("memory")["memory floor"]["median"]
     memory = bench.memory()
     figures["memory"] = {"game": memory, "floor": floor}
@@ -155,6 +175,32 @@ def report_frames(bench):
     row("memory / floor", memory / floor, "times")
     report_shares(bench, figures)
     return figures
+
+
+def report_start(bench, figures):
+    """From the start of the process to the first flip, beside decoding the same files once.
+
+    Linking the libraries that SDL_mixer and SDL_image bring is done before the game's first line,
+    so there is a second floor that links them too: a program that does nothing but decode."""
+    plays, decoding, programs = [], [], []
+    for _ in range(STARTS):
+        plays.append(bench.play("intro", 3))
+        decoding.append(bench.figures("decoding")["decode all files"]["median"])
+        programs.append(bench.decoding_program())
+    parts = {"start to first frame": [play.start for play in plays],
+             "linking before the first call": [play.linking for play in plays],
+             "first call to first frame": [play.start - play.linking for play in plays],
+             "decoding the same files once": decoding,
+             "a program that only decodes them": programs}
+    for name, times in parts.items():
+        figures[name] = {"unit": "ms", "median": quantile(times, 0.5), "p99": quantile(times, 0.99)}
+        row(name, figures[name]["median"], "ms", figures[name]["p99"])
+    for name, floor in (("start to first frame", "decoding the same files once"),
+                        ("first call to first frame", "decoding the same files once"),
+                        ("start to first frame", "a program that only decodes them")):
+        ratio = figures[name]["median"] / figures[floor]["median"]
+        figures["ratios"][f"{name} / {floor}"] = {"median": ratio}
+        row(f"{name} / {floor}", ratio, "times")
 
 
 def report_shares(bench, figures):
@@ -204,26 +250,42 @@ def report_instructions(bench):
 
 
 def report_pacing(bench):
-    """The length of ten thousand frames of a real battle, and what follows a late one."""
-    _, started, _ = bench.play("battle", PACED_FRAMES)
-    started = started[100:]
-    periods = [b - a for a, b in zip(started, started[1:])]
-    jitter = [abs(period - quantile(periods, 0.5)) for period in periods]
-    late = [i for i, period in enumerate(periods[:-1]) if period > 1.5 * FRAME]
-    after = [periods[i + 1] for i in late]
-    figures = {"frames": len(periods), "median": quantile(periods, 0.5),
-               "shortest": min(periods), "longest": max(periods),
-               "jitter p99": quantile(jitter, 0.99), "late": len(late),
-               "shortest after a late one": min(after) if after else None}
-    row("frames", figures["frames"], "")
-    row("period", figures["median"], "ms", quantile(periods, 0.99))
+    """The length of ten thousand frames of a real battle beside the waiting alone; and a battle in
+    which frames are held up and events pour in."""
+    frames = bench.play("battle", PACED_FRAMES).frames[100:]
+    figures = bench.figures("pacing", str(PACED_FRAMES))
+    figures["battle"] = describe_periods("a battle", periods_of(frames))
+    for name in ("period of the pacing steps alone", "their distance from 16 ms"):
+        row(name, figures[name]["median"], "ms", figures[name]["p99"])
+    disturbed = bench.play("battle", DISTURBED_FRAMES, disturb=True)
+    periods = periods_of(disturbed.frames)
+    after = [periods[i + 1] for i, period in enumerate(periods[:-1]) if period > HELD_UP]
+    if not after:
+        sys.exit("no frame was late, although every 50th was held up")
+    figures["disturbed"] = {"late": len(after), "shortest after": min(after),
+                            "events left": disturbed.events_left}
+    row("frames held up for 40 ms", len(after), "")
+    row("shortest frame after one of them", min(after), "ms")
+    row("events left over, of 100 a frame", disturbed.events_left, "at most")
+    return figures
+
+
+def periods_of(starts):
+    return [b - a for a, b in zip(starts, starts[1:])]
+
+
+def describe_periods(name, periods):
+    """Prints and returns how even the frames were."""
+    distances = [abs(period - FRAME) for period in periods]
+    figures = {"frames": len(periods), "median": quantile(periods, 0.5), "mean": mean(periods),
+               "p99": quantile(periods, 0.99), "shortest": min(periods), "longest": max(periods),
+               "distance p50": quantile(distances, 0.5), "distance p99": quantile(distances, 0.99)}
+    row(f"frames of {name}", len(periods), "")
+    row(f"period of {name}", figures["median"], "ms", figures["p99"])
+    row("mean", figures["mean"], "ms")
     row("shortest", figures["shortest"], "ms")
     row("longest", figures["longest"], "ms")
-    row("jitter, 99th percentile", figures["jitter p99"], "ms")
-    row("late frames (over 24 ms)", figures["late"], "")
-    if after:
-        row("shortest frame after a late one", min(after), "ms", None,
-            "(a late frame is not made up)")
+    row("distance from 16 ms", figures["distance p50"], "ms", figures["distance p99"])
     return figures
 
 
@@ -241,7 +303,7 @@ def main():
     cpu = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text())
     results["machine"] = f"{cpu[1] if cpu else platform.machine()}, {os.cpu_count()} cores"
     print(f"{results['machine']}; load {os.getloadavg()[0]:.1f}")
-    print(f"  {'':38} {'median':>10}{'99 %':>10}")
+    print(f"  {'':58} {'median':>10}{'99 %':>10}")
     for library in options.library or ["default="]:
         name, path = library.split("=", 1)
         print(name)
