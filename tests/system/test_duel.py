@@ -246,3 +246,28 @@ def test_duel_won_by_player_2(play, artwork, firing_places):
         guide.stage.tap("Escape")
         guide.await_menu()
         guide.stage.tap("q")
+
+
+def test_ships_that_begin_on_the_same_place(request, play, artwork, firing_places):
+    """Player 2's ship hides the other one; neither blocks the other, and they fight as ever."""
+    if request.config.option.fixed_time is None:
+        pytest.skip("needs a sea of its own choice")
+
+    def suits(sea):
+        phases = [phase_of(heading) for heading in sea.headings]
+        return sea.starts[0] == sea.starts[1] and phases[0] != phases[1]
+
+    seed = choose_seed(artwork, suits)
+    with play(seed) as guide:
+        guide.skip_intro()
+        duel = begin_duel(guide, firing_places, [seed])
+        for log in duel.log:
+            assert log[-1].place == duel.sea.starts[0]
+            assert log[-1].phase == phase_of(duel.sea.headings[1])
+        duel.run(duel.close_in(0))
+        duel.run(duel.aim(0), duel.aim(1))
+        duel.run(duel.hit(0, 1), duel.hit(1, 1))
+        assert [duel.bars(player) for player in (0, 1)] == [BAR_WIDTHS[:2]] * 2
+        guide.stage.tap("Escape")
+        guide.await_menu()
+        guide.stage.tap("q")

@@ -131,6 +131,7 @@ class Duel:
 
     def close_in(self, mover):
         """Brings one ship to where both can hit; the other one has to lie still."""
+        yield from self.uncover()
         captain, target = self.captains[mover], self.captains[1 - mover]
         if self.can_hit(mover) and self.can_hit(1 - mover):
             return
@@ -138,6 +139,18 @@ class Duel:
             place for place in self.firing_places.around(target.place, mover)
             if 0 <= place[0] <= LAST and 0 <= place[1] <= LAST and self.sea.is_free(*place, 2)])
         yield from captain.rest()
+
+    def uncover(self):
+        """Player 2's ship is drawn over the other one; where it hides that, it sails away."""
+        hidden, captain = self.captains
+        if math.dist(hidden.place, captain.place) > SHIP / 2:
+            return
+        x, y = captain.place
+        around = [(x + dx, y + dy) for dx in (-150, 0, 150) for dy in (-150, 0, 150) if dx or dy]
+        yield from self.sail_to(captain, lambda: [
+            place for place in around
+            if max(place) <= LAST and min(place) >= 0 and self.sea.is_free(*place, 12)])
+        yield from hidden.rest()
 
     def can_hit(self, player):
         """The phases in which the player's ship is sure to hit the other one."""
