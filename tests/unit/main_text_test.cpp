@@ -4,6 +4,9 @@
 #include "main.h"
 
 #include <algorithm>
+#include <string>
+
+#include <malloc.h>
 
 #include "display.h"
 #include "flips.h"
@@ -158,6 +161,17 @@ TEST_F(TextTest, isNotShownByItself) {
     FlipWatch flips;
     simpleText("A", 0);
     EXPECT_EQ(flips.count, 0);
+}
+
+// A screen of text draws its lines in every frame, for as long as it is left open.
+TEST_F(TextTest, isNotKeptInMemory) {
+    const std::string text(10, 'A'); // 12,000 bytes
+    simpleText(text.c_str(), 0);
+    const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+    for (int i = 0; i < 100; ++i) {
+        simpleText(text.c_str(), 0);
+    }
+    EXPECT_LT(mallinfo2().uordblks + mallinfo2().hblkhd, before + 12000);
 }
 
 TEST_F(TextTest, thatCannotBeRenderedIsLeftOut) {
