@@ -4,8 +4,8 @@
 // Preloaded before SDL, this plays the real game: it leads it to the screen named by
 // BENCHMARK_SCREEN, notes when every frame begins, and quits after BENCHMARK_FRAMES frames. At the
 // end it writes to the file BENCHMARK_LOG: when the game started SDL and when the first flip was
-// done, and then for every frame when it began and how many events it left waiting. All times are
-// in milliseconds of the steady clock since boot.
+// done, and then for every frame when it began, and how many events waited for it and after it. All
+// times are in milliseconds of the steady clock since boot.
 //
 // With BENCHMARK_DISTURB set, every 50th frame is held up for 40 ms and a hundred movements of the
 // mouse wait at the beginning of every frame.
@@ -72,6 +72,7 @@ std::vector<KeyStroke> strokesTo(const char* screenName) {
 
 struct Frame {
     double start;
+    int eventsWaiting;
     int eventsLeft;
 };
 
@@ -101,7 +102,7 @@ struct Play {
         }
         std::fprintf(log, "%.6f %.6f\n", started, firstFlip);
         for (const Frame& frame : frameLog) {
-            std::fprintf(log, "%.6f %d\n", frame.start, frame.eventsLeft);
+            std::fprintf(log, "%.6f %d %d\n", frame.start, frame.eventsWaiting, frame.eventsLeft);
         }
         std::fclose(log);
     }
@@ -142,10 +143,11 @@ extern "C" int SDL_PollEvent(SDL_Event* event) {
     static const auto real = reinterpret_cast<PollEvent>(dlsym(RTLD_NEXT, "SDL_PollEvent"));
     Play& p = play();
     if (p.atFrameStart) {
-        p.frameLog.push_back({now(), 0});
+        p.frameLog.push_back({now(), 0, 0});
         p.atFrameStart = false;
         if (p.disturb) {
             pushMouseMovements();
+            p.frameLog.back().eventsWaiting = waitingEvents();
         }
     }
     const long frame = static_cast<long>(p.frameLog.size());

@@ -47,7 +47,8 @@ class Play:
     linking: float  # from the start of the process to the game's first call of SDL
     start: float  # to the first flip
     frames: list  # when each frame began
-    events_left: int  # the most that a frame left waiting
+    events_waiting: int  # the most that waited for a frame
+    events_left: int  # the most that waited after one
     processor_seconds: float
 
 
@@ -92,8 +93,9 @@ class Bench:
                     for line in log.read_text().splitlines()]
         (init, first_flip), *frame_rows = rows
         return Play(linking=init - start, start=first_flip - start,
-                    frames=[began for began, _ in frame_rows],
-                    events_left=int(max(left for _, left in frame_rows)),
+                    frames=[began for began, _, _ in frame_rows],
+                    events_waiting=int(max(waiting for _, waiting, _ in frame_rows)),
+                    events_left=int(max(left for _, _, left in frame_rows)),
                     processor_seconds=usage[2].ru_utime + usage[2].ru_stime)
 
     def decoding_program(self):
@@ -146,9 +148,9 @@ def quantile(values, part):
     return values[int(part * (len(values) - 1))]
 
 
-def row(name, value, unit, ninety_nine=None, note=""):
+def row(name, value, unit, ninety_nine=None):
     tail = "" if ninety_nine is None else f"{ninety_nine:10.2f}"
-    print(f"  {name:58} {value:10.2f}{tail:10} {unit} {note}".rstrip())
+    print(f"  {name:58} {value:10.2f}{tail:10} {unit}".rstrip())
 
 
 def report_frames(bench):
@@ -262,11 +264,15 @@ def report_pacing(bench):
     after = [periods[i + 1] for i, period in enumerate(periods[:-1]) if period > HELD_UP]
     if not after:
         sys.exit("no frame was late, although every 50th was held up")
+    if disturbed.events_waiting == 0:
+        sys.exit("no event ever waited, although a hundred were sent to every frame")
     figures["disturbed"] = {"late": len(after), "shortest after": min(after),
+                            "events waiting": disturbed.events_waiting,
                             "events left": disturbed.events_left}
     row("frames held up for 40 ms", len(after), "")
     row("shortest frame after one of them", min(after), "ms")
-    row("events left over, of 100 a frame", disturbed.events_left, "at most")
+    row("events waiting for a frame", disturbed.events_waiting, "at most")
+    row("events left over by one", disturbed.events_left, "at most")
     return figures
 
 

@@ -4,18 +4,9 @@
 #include "keyboard.h"
 
 #include "display.h"
+#include "keys.h"
 
 namespace {
-
-void press(SDLKey key) {
-    SDL_Event event = keyDown(key);
-    Keyboard::keyPress(&event);
-}
-
-void release(SDLKey key) {
-    SDL_Event event = keyUp(key);
-    Keyboard::keyRelease(&event);
-}
 
 TEST(KeyboardTest, everyKeyIsUpAtFirst) {
     for (int key = 0; key < 323; ++key) {
@@ -39,7 +30,7 @@ TEST(KeyboardTest, everyKeyCanBePressedWithoutTouchingAnother) {
         for (int other = 0; other < 323; ++other) {
             ASSERT_EQ(Keyboard::isPressed(other), other == key) << "key " << other;
         }
-        release(static_cast<SDLKey>(key));
+        letGo(static_cast<SDLKey>(key));
         Keyboard::releaseKeys();
     }
 }
@@ -55,7 +46,7 @@ TEST(KeyboardTest, aHeldKeyStaysPressedThroughTheFrames) {
 TEST(KeyboardTest, aReleasedKeyIsPressedUntilItsFrameEnds) {
     press(SDLK_a);
     Keyboard::releaseKeys();
-    release(SDLK_a);
+    letGo(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -63,7 +54,7 @@ TEST(KeyboardTest, aReleasedKeyIsPressedUntilItsFrameEnds) {
 
 TEST(KeyboardTest, aTapBetweenTwoFramesIsSeenOnce) {
     press(SDLK_a);
-    release(SDLK_a);
+    letGo(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -72,7 +63,7 @@ TEST(KeyboardTest, aTapBetweenTwoFramesIsSeenOnce) {
 TEST(KeyboardTest, aKeyPressedAgainInTheFrameOfItsReleaseReadsAsUpFromTheNextFrame) {
     press(SDLK_a);
     Keyboard::releaseKeys();
-    release(SDLK_a);
+    letGo(SDLK_a);
     press(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
@@ -81,10 +72,10 @@ TEST(KeyboardTest, aKeyPressedAgainInTheFrameOfItsReleaseReadsAsUpFromTheNextFra
 
 TEST(KeyboardTest, aKeyReadingAsUpWhileHeldWorksAgainAfterItsNextPress) {
     press(SDLK_a);
-    release(SDLK_a);
+    letGo(SDLK_a);
     press(SDLK_a);
     Keyboard::releaseKeys();
-    release(SDLK_a);
+    letGo(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     press(SDLK_a);
@@ -93,7 +84,7 @@ TEST(KeyboardTest, aKeyReadingAsUpWhileHeldWorksAgainAfterItsNextPress) {
 }
 
 TEST(KeyboardTest, aReleaseWithoutAPressCountsForItsFrame) {
-    release(SDLK_a);
+    letGo(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -104,7 +95,7 @@ TEST(KeyboardTest, aSecondPressOfAHeldKeyChangesNothing) {
     press(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
-    release(SDLK_a);
+    letGo(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
 }
@@ -112,7 +103,7 @@ TEST(KeyboardTest, aSecondPressOfAHeldKeyChangesNothing) {
 TEST(KeyboardTest, releasingOneOfTwoKeysLeavesTheOther) {
     press(SDLK_a);
     press(SDLK_b);
-    release(SDLK_a);
+    letGo(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
     EXPECT_TRUE(Keyboard::isPressed(SDLK_b));
@@ -121,8 +112,8 @@ TEST(KeyboardTest, releasingOneOfTwoKeysLeavesTheOther) {
 TEST(KeyboardTest, theFirstAndTheLastKeyAreClearedToo) {
     press(SDLK_UNKNOWN);
     press(SDLK_UNDO);
-    release(SDLK_UNKNOWN);
-    release(SDLK_UNDO);
+    letGo(SDLK_UNKNOWN);
+    letGo(SDLK_UNDO);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(0));
     EXPECT_FALSE(Keyboard::isPressed(322));
@@ -169,8 +160,8 @@ TEST(KeyboardTest, readingTheLatestKeyConsumesNothing) {
 TEST(KeyboardTest, aReleaseAndTheEndOfTheFrameLeaveTheLatestKey) {
     SDL_Event event = describedKeyDown();
     Keyboard::keyPress(&event);
-    release(SDLK_q);
-    release(SDLK_b);
+    letGo(SDLK_q);
+    letGo(SDLK_b);
     Keyboard::releaseKeys();
     expectDescribedKey(Keyboard::readkey());
 }
@@ -179,7 +170,7 @@ TEST(KeyboardTest, theLatestKeyIsRenewedEvenByAPressThatChangesNoState) {
     SDL_Event event = describedKeyDown();
     Keyboard::keyPress(&event);
     press(SDLK_b);
-    release(SDLK_q);
+    letGo(SDLK_q);
     Keyboard::keyPress(&event);
     expectDescribedKey(Keyboard::readkey());
 }
