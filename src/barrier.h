@@ -20,8 +20,9 @@ public:
 
     void update(SDL_Surface* where) override;
 
-    // Draws random places until one is clear of the barriers in the battle's list. Only a barrier
-    // that is not yet in the list may be moved: one in it would forever collide with itself.
+    // Picks places at random until one is clear of the barriers in the battle's list. Only a
+    // barrier that is not yet in the list may be moved: one in it would forever collide with
+    // itself.
     void relocate();
 
     GameHandler* handler; // not owned

@@ -7,15 +7,23 @@
 #include "main.h"
 #include "playership.h"
 
+namespace {
+
+const Uint16 ballSize = 20; // pixels, the size of its picture
+const int speedOfType0 = 6; // pixels per frame
+const int speedOfType1 = 7;
+
+} // namespace
+
 Bullet::Bullet(GameHandler* battle, int owningPlayer)
     : handler(battle), playerId(owningPlayer),
-      type(owningPlayer == 1 ? battle->shipType1 : battle->shipType2), size{0, 0, 20, 20},
-      pos{0, 0, 20, 20}, velocity{0, 0, 0, 0}, visible(false), myPlayerShip(nullptr),
-      otherPlayerShip(nullptr) {
+      type(owningPlayer == 1 ? battle->shipType1 : battle->shipType2),
+      size{0, 0, ballSize, ballSize}, pos{0, 0, ballSize, ballSize}, velocity{0, 0, 0, 0},
+      visible(false), myPlayerShip(nullptr), otherPlayerShip(nullptr) {
     if (type == 0) {
-        speed = 6;
+        speed = speedOfType0;
     } else if (type == 1) {
-        speed = 7;
+        speed = speedOfType1;
     }
 }
 
@@ -37,8 +45,8 @@ void Bullet::update(SDL_Surface* where) {
         visible = false;
         return;
     }
-    // Drawing sets the size of pos to what was drawn, and that is the hit box of the next frame;
-    // it is meant: a ball is as large as it looks, and hits with the part that is in the world.
+    // Deliberate: drawing sets the size of pos to what was drawn, which is the hit box of the next
+    // frame. A ball is as large as it looks, and hits with the part that is in the world.
     SDL_BlitSurface(imagePool["cball.png"], nullptr, where, &pos);
 }
 

@@ -24,7 +24,7 @@ public:
     void shipsWereInitialized();
 
     // Starts the flight with the top left corner at npos, in world pixels, moving by nspeed pixels
-    // per frame; only x and y of both count. A ball already in flight starts anew.
+    // per frame; only x and y of both count. A ball already in flight starts again.
     void show(SDL_Rect npos, SDL_Rect nspeed);
 
     GameHandler* handler; // not owned

@@ -3,7 +3,6 @@
 
 #include "credits.h"
 
-#include "helpscreen.h"
 #include "main.h"
 #include "mainmenu.h"
 
@@ -16,7 +15,7 @@ void Credits::event(SDL_Event* e) {
 }
 
 void Credits::activate() {
-    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    blackenDisplay();
     simpleText("This program was made by:", -2);
     simpleText("Brannoc workshop: code", 0);
     simpleText("Brannoc workshop: pictures", 1);

@@ -16,7 +16,11 @@
 namespace {
 
 const int worldSize = 1300;
-const int barriersOfType[] = {1, 3, 9};
+const int barriersOfType[] = {1, 3, 9}; // the index is the type
+const SDL_Rect viewport1Place = {5, 5, 0, 0};
+const SDL_Rect viewport2Place = {405, 5, 0, 0};
+const Uint16 viewportWidth = 390;
+const Uint16 viewportHeight = 490;
 
 // Lays the water tile over the sea, column by column. The number of rows comes from the tile's
 // width, like that of the columns; that is meant: a tile flatter than wide leaves plain blue below.
@@ -47,17 +51,19 @@ GameHandler::GameHandler() {
     background = createSurface(world->w, world->h);
     SDL_FillRect(background, nullptr, SDL_MapRGB(background->format, 0, 0, 255));
     layWater(background);
-    viewportSize = {0, 0, 390, 490};
+    viewportSize = {0, 0, viewportWidth, viewportHeight};
     viewport1 = viewportSize;
     viewport2 = viewportSize;
-    viewport1Pos = {5, 5, 0, 0};
-    viewport2Pos = {405, 5, 0, 0};
+    viewport1Pos = viewport1Place;
+    viewport2Pos = viewport2Place;
     shipType1 = 0;
     shipType2 = 1;
-    for (int type = 0; type <= 2; ++type) {
-        for (int i = 0; i < barriersOfType[type]; ++i) {
+    int type = 0;
+    for (const int count : barriersOfType) {
+        for (int i = 0; i < count; ++i) {
             objects.push_back(new Barrier(this, type));
         }
+        ++type;
     }
     bullet1 = new Bullet(this, 1);
     objects.push_back(bullet1);
@@ -69,7 +75,7 @@ GameHandler::GameHandler() {
     objects.push_back(ship2);
     bullet1->shipsWereInitialized();
     bullet2->shipsWereInitialized();
-    // One retry only, and the new place is not checked again; that is meant: the ships seldom, but
+    // Deliberate: one retry only, and the new place is not checked again. The ships rarely, but
     // sometimes, start in each other's line of fire.
     if (ship1->rect.x == ship2->rect.x || ship1->rect.y == ship2->rect.y) {
         ship2->relocate();
@@ -91,7 +97,7 @@ void GameHandler::event(SDL_Event* e) {
 }
 
 void GameHandler::activate() {
-    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    blackenDisplay();
     moveViewport(1);
     moveViewport(2);
 }
@@ -101,9 +107,11 @@ void GameHandler::update() {
     for (GameObject* object : objects) {
         object->update(world);
     }
-    // Blits write clipped sizes back into rectangles, so these are set anew every frame.
-    viewport2Pos.x = 405;
-    viewport2Pos.y = 5;
+    // Blits write clipped sizes back into rectangles, so the sizes are restored in every frame.
+    // Deliberate: viewport1Pos is not restored. A blit changes x and y of its place only when the
+    // display clips it at the left or the top, which happens to neither viewport.
+    viewport2Pos.x = viewport2Place.x;
+    viewport2Pos.y = viewport2Place.y;
     viewport1.w = viewportSize.w;
     viewport1.h = viewportSize.h;
     viewport2.w = viewportSize.w;

@@ -20,8 +20,8 @@ class PlayerShip;
 // right and y down.
 class GameHandler : public ProgramMode {
 public:
-    // Draws the music, the places of all objects and the ships' headings from the random generator,
-    // in the order in which they are built.
+    // Picks the music, the places of all objects and the ships' headings at random, in the order in
+    // which they are built.
     GameHandler();
     ~GameHandler() override;
 
@@ -35,7 +35,7 @@ public:
     void cleanUp() override;
 
     // Centres viewport 1 on ship 1, or with any other id viewport 2 on ship 2, within the world.
-    // The last column and the last row of the world are never shown; that margin is meant.
+    // The last column and the last row of the world are never shown; that margin is deliberate.
     void moveViewport(int viewportId);
 
     // True when the rectangle overlaps any barrier.

@@ -17,7 +17,7 @@ void GameOver::event(SDL_Event* e) {
 }
 
 void GameOver::activate() {
-    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    blackenDisplay();
     simpleText("Game over.", -1);
     simpleText(defeatedPlayer == 2 ? "Player 1 won." : "Player 2 won.", 0);
     simpleText("Press Escape to return to main menu.", 1);

@@ -15,7 +15,7 @@ void HelpScreen::event(SDL_Event* e) {
 }
 
 void HelpScreen::activate() {
-    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    blackenDisplay();
     simpleText("Morvane:", -4);
     simpleText("Player 1 (left): slower projectile, faster ship", -2);
     simpleText("WASD = move, Tab/Space = shoot, Z = teleport", -1);
@@ -23,12 +23,4 @@ void HelpScreen::activate() {
     simpleText("Arrows = move, Enter = shoot, Delete = teleport", 1);
     simpleText("Enjoy!", 3);
     SDL_Flip(screen);
-}
-
-bool leavesTextScreen(const SDL_Event& e) {
-    if (e.type == SDL_KEYDOWN) {
-        const SDLKey key = e.key.keysym.sym;
-        return key == SDLK_ESCAPE || key == SDLK_RETURN || key == SDLK_SPACE;
-    }
-    return e.type == SDL_MOUSEBUTTONUP;
 }

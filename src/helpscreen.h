@@ -16,7 +16,3 @@ public:
     // Draws and shows the whole screen.
     void activate() override;
 };
-
-// True for the events that leave a text screen: Escape, Return or Space going down, or the release
-// of any mouse button.
-bool leavesTextScreen(const SDL_Event& e);

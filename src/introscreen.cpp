@@ -32,8 +32,8 @@ void composeTitle(SDL_Surface* buf) {
     drawPicture(logo, buf, (screen->w - logo->w) / 2, 0);
 }
 
-// Blends the picture over what the last frame left on the display, which is never cleared; that
-// is meant: the steps add up to a soft fade that also swallows the picture before.
+// Blends the picture over what the last frame left on the display. Deliberate: the display is never
+// cleared. The steps add up to a soft fade that also covers the previous picture.
 void fade(SDL_Surface* buf, int opacity) {
     SDL_SetAlpha(buf, SDL_SRCALPHA | SDL_RLEACCEL, static_cast<Uint8>(opacity));
     drawPicture(buf, screen, 0, 0);

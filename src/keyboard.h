@@ -5,17 +5,17 @@
 
 #include <SDL.h>
 
-// The state of every key, fed by the frame from key events. A key released during a frame still
+// The state of every key, fed by the main loop from key events. A key released during a frame still
 // counts as pressed until that frame ends, so that a tap shorter than a frame is never lost.
 // Keys are SDL 1.2 key symbols, 0 to SDLK_LAST - 1; nothing else may be passed.
 namespace Keyboard {
 
-// Records the key of a SDL_KEYDOWN event. A key that was released and pressed again within one
-// frame stays "released": it reads as up from the next frame until it is pressed anew. That is
-// meant; a double tap within 16 ms is one tap.
+// Records the key of an SDL_KEYDOWN event. Deliberate: a key that was released and pressed again
+// within one frame stays "released", so a double tap within 16 ms is one tap. It reads as up from
+// the next frame until it is pressed again.
 void keyPress(SDL_Event* event);
 
-// Marks the key of a SDL_KEYUP event as released during this frame, whatever it was before.
+// Marks the key of an SDL_KEYUP event as released during this frame, whatever it was before.
 void keyRelease(SDL_Event* event);
 
 // Ends the frame: keys released during it become fully up.

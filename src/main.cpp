@@ -9,7 +9,9 @@
 #include <iostream>
 #include <sstream>
 
+#ifdef __GLIBC__
 #include <malloc.h>
+#endif
 
 #include <SDL_image.h>
 #include <SDL_mixer.h>
@@ -40,20 +42,18 @@ const int soundChunkSize = 4096;
 const int fontSize = 29;      // points
 const Uint32 frameTicks = 16; // milliseconds
 
-struct DataPlace {
-    const char* marker;
-    const char* prefix;
-};
+const char* const marker = "morvane.dat";
 
-const DataPlace dataPlaces[] = {
-    {"morvane.dat", ""},
-    {"data/morvane.dat", "data/"},
-    {"../morvane.dat", "../"},
-    {"../data/morvane.dat", "../data/"},
-    {"/usr/share/games/morvane/morvane.dat", "/usr/share/games/morvane/"},
-    {"/usr/local/share/games/morvane/morvane.dat", "/usr/local/share/games/morvane/"},
-    {"/usr/share/games/morvane/data/morvane.dat", "/usr/share/games/morvane/data/"},
-    {"/usr/local/share/games/morvane/data/morvane.dat", "/usr/local/share/games/morvane/data/"},
+// In the order in which they are searched.
+const char* const dataPlaces[] = {
+    "",
+    "data/",
+    "../",
+    "../data/",
+    "/usr/share/games/morvane/",
+    "/usr/local/share/games/morvane/",
+    "/usr/share/games/morvane/data/",
+    "/usr/local/share/games/morvane/data/",
 };
 
 struct ImageFile {
@@ -177,7 +177,7 @@ void shutdown() {
     if (haveSound) {
         Mix_CloseAudio();
     }
-    // Meant to follow the closing of the mixer: closing it stops the music first.
+    // Deliberate: after the mixer is closed, because closing it stops the music first.
     Music::unload();
     if (initializationProgress == 3) {
         if (papyrusFont != nullptr) {
@@ -235,14 +235,26 @@ void simpleText(const char* str, int line) {
     SDL_FreeSurface(message);
 }
 
+void blackenDisplay() {
+    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+}
+
+bool leavesTextScreen(const SDL_Event& e) {
+    if (e.type == SDL_KEYDOWN) {
+        const SDLKey key = e.key.keysym.sym;
+        return key == SDLK_ESCAPE || key == SDLK_RETURN || key == SDLK_SPACE;
+    }
+    return e.type == SDL_MOUSEBUTTONUP;
+}
+
 bool fileExists(const char* filename) {
     return std::ifstream(filename).is_open();
 }
 
 const char* getDataPath() {
-    for (const DataPlace& place : dataPlaces) {
-        if (fileExists(place.marker)) {
-            return place.prefix;
+    for (const char* place : dataPlaces) {
+        if (fileExists((place + std::string(marker)).c_str())) {
+            return place;
         }
     }
     error("Can't find Morvane data files.", 4);

@@ -11,16 +11,17 @@
 
 class ProgramMode;
 
-// What the frame shares with every screen. Sizes and positions are in pixels of the 800 x 600
+// What the main loop shares with every screen. Sizes and positions are in pixels of the 800 x 600
 // display, x to the right and y down.
 
 extern SDL_Surface* screen;            // the display; SDL owns it
-extern ProgramMode* activeProgramMode; // owned by the frame
-extern ProgramMode* newProgramMode;    // becomes active at the end of the frame, which owns it
+extern ProgramMode* activeProgramMode; // owned by the main loop
+extern ProgramMode*
+    newProgramMode; // becomes active at the end of the frame; owned by the main loop
 extern bool running;
 extern bool haveSound;              // true once the mixer is open
 extern int initializationProgress;  // 1 after SDL, 2 after the video mode, 3 after SDL_ttf
-extern TTF_Font* papyrusFont;       // the only font; owned by the frame
+extern TTF_Font* papyrusFont;       // the only font; owned by the main loop
 extern std::string programDataPath; // ends in "/", or is empty for the current directory
 extern std::map<std::string, SDL_Surface*> imagePool; // owns every image until shutdown
 
@@ -43,6 +44,13 @@ std::string tr(const std::string& str);
 // centred vertically, the other lines lie whole text heights above (negative) or below it. Text
 // that cannot be rendered is left out.
 void simpleText(const char* str, int line);
+
+// Fills the display's clipping rectangle with black, without flipping it.
+void blackenDisplay();
+
+// True for the events that leave the help and credits screens: Escape, Return or Space going down,
+// or the release of any mouse button.
+bool leavesTextScreen(const SDL_Event& e);
 
 // True when the file can be opened for reading.
 bool fileExists(const char* filename);

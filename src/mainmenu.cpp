@@ -26,7 +26,8 @@ const int helpButton = 1;
 const int creditsButton = 2;
 const int quitButton = 3;
 
-// A string made once; a name as long as this would otherwise take memory anew in every frame.
+// Made once. The name is too long for the string's own buffer, so making it in every frame would
+// allocate memory every time.
 const std::string painting = "pozadie-lode3.png";
 
 bool isSelectKey(SDLKey key) {
@@ -96,7 +97,7 @@ void MainMenu::event(SDL_Event* e) {
 
 void MainMenu::activate() {
     // The plates go to two surfaces in turn. With run lengths SDL 1.2 would encode the whole strip
-    // anew at every change, and a frame of the menu would take longer than the loop allows it.
+    // again at every change, and a frame of the menu would take longer than 16 ms.
     SDL_Surface* strip = imagePool["tlacitka.png"];
     SDL_SetAlpha(strip, SDL_SRCALPHA, strip->format->alpha);
     redraw();
@@ -111,7 +112,7 @@ void MainMenu::update() {
 }
 
 void MainMenu::cleanUp() {
-    SDL_FillRect(screen, &screen->clip_rect, SDL_MapRGB(screen->format, 0, 0, 0));
+    blackenDisplay();
 }
 
 void MainMenu::redraw() {
@@ -150,8 +151,8 @@ void MainMenu::select() {
         redraw();
         break;
     case battleButton:
-        // A duel chosen by key begins when that key is let go; that is meant: Return and Space
-        // also fire, and nobody's first shot is to be lost to the menu.
+        // Deliberate: a duel chosen by key begins when that key is released. Return and Space also
+        // fire, and the key press of the menu must not become a player's first shot.
         if (Keyboard::isPressed(SDLK_RETURN) || Keyboard::isPressed(SDLK_SPACE)) {
             waitingToReleaseReturn = true;
         } else {

@@ -27,14 +27,24 @@ const double turnStep = 0.05;
 const double speedStep = 0.5;
 
 const int phases = 36;
-// Not 2 pi, and meant: a ship that circles one way long enough sees its sprite creep against its
-// course, by one phase in about 147 turns.
+// Deliberate: not 2 pi. The sprite of a ship that keeps circling one way drifts against its course,
+// by one phase in about 147 turns.
 const double fullTurn = 6.282;
 const double headingOfPhase0 = 4.911;
 
 const int phasesPerQuarter = 9;
 const Uint16 hitBoxWidth[phasesPerQuarter] = {100, 95, 95, 90, 85, 75, 65, 60, 50};
 const Uint16 hitBoxHeight[phasesPerQuarter] = {40, 50, 60, 65, 75, 85, 90, 95, 95};
+
+// Starting places stand on a square grid.
+const int gridPlaces = 7;
+const int gridStep = 100; // pixels, also the first place
+
+// Starting headings are multiples of 0.2 radians, 0 to 3.8.
+const int startHeadings = 20;
+const double startHeadingsPerRadian = 5.0;
+
+const double shotInheritance = 0.5; // share of the ship's speed that a shot takes along
 
 const int sheetColumns = 6;
 const int barWidth = 396;
@@ -83,7 +93,7 @@ const PlayerTraits& traitsOf(int playerId) {
     return traitsOfPlayer[playerId == 1 ? 0 : 1];
 }
 
-// Fractions of a pixel are dropped towards zero, in every frame anew.
+// Every frame drops the fraction of a pixel, towards zero.
 Sint16 wholePixels(double distance) {
     return static_cast<Sint16>(distance);
 }
@@ -124,8 +134,8 @@ PlayerShip::PlayerShip(GameHandler* battle, int player)
     velocity = 0;
     teleportRecharge = 0;
     teleportCounter = teleportsPerBattle;
-    // Never between 3.8 and 2 pi, and meant: no ship starts towards the near border on the left.
-    direction = (rand() % 20) / 5.0;
+    // Deliberate: never between 3.8 and 2 pi. No ship starts towards the near border on the left.
+    direction = (rand() % startHeadings) / startHeadingsPerRadian;
     shipSpeed = traitsOf(playerId).topSpeed;
     relocate();
 }
@@ -188,7 +198,7 @@ void PlayerShip::move() {
     if (rect.y + oldrect.h >= world->h) {
         rect.y = static_cast<Sint16>(world->h - oldrect.h);
     }
-    // Before the slide, and meant: the viewport follows the place that the ship tried to reach, so
+    // Deliberate: before the slide. The viewport follows the place that the ship tried to reach, so
     // a player feels the ship strain against the shore.
     if (velocity != 0) {
         handler->moveViewport(playerId);
@@ -237,11 +247,11 @@ void PlayerShip::shoot() {
     Bullet* bullet = playerId == 1 ? handler->bullet1 : handler->bullet2;
     const PlayerShip* opponent = playerId == 1 ? handler->ship2 : handler->ship1;
     bullet->visible = false;
-    const double s = bullet->speed + velocity * 0.5;
+    const double s = bullet->speed + velocity * shotInheritance;
     const SDL_Rect bulletPos = centredOn(rect, bullet->size.w, bullet->size.h);
     const SDL_Rect bulletVelocity = {wholePixels(s * std::sin(direction)),
                                      wholePixels(s * std::cos(direction)), 0, 0};
-    // A ship lying inside its enemy loses the shot; that is meant, ramming is no way to win.
+    // Deliberate: a ship lying inside its enemy loses the shot, so that ramming is no way to win.
     if (rectanglesCollide(bulletPos, opponent->rect)) {
         return;
     }
@@ -266,11 +276,11 @@ void PlayerShip::setReloading(int n, int max) {
 
 void PlayerShip::relocate() {
     do {
-        rect.x = static_cast<Sint16>(rand() % 7 * 100 + 100);
+        rect.x = static_cast<Sint16>(rand() % gridPlaces * gridStep + gridStep);
         const int r = rand();
         rect.w = shipSize;
         rect.h = shipSize;
-        rect.y = static_cast<Sint16>(r % 7 * 100 + 100);
+        rect.y = static_cast<Sint16>(r % gridPlaces * gridStep + gridStep);
     } while (handler->collidesWithBarriers(rect));
 }
 

@@ -46,8 +46,8 @@ public:
     // Makes the cannon busy for n frames. max is the full scale of the dial; -1 stands for n.
     void setReloading(int n, int max);
 
-    // Draws places from the grid 100, 200 ... 700 in each axis until one is clear of the barriers.
-    // The other ship does not count.
+    // Picks places at random from the grid 100, 200 ... 700 in each axis until one is clear of the
+    // barriers. The other ship does not count.
     void relocate();
 
     GameHandler* handler; // not owned

@@ -7,13 +7,13 @@
 
 // One screen of the game: intro, menu, battle or a text screen. Exactly one is active at a time.
 // A mode leaves by storing a newly allocated successor in newProgramMode and returning; it never
-// deletes itself and never touches activeProgramMode. The frame owns every mode handed to it.
+// deletes itself and never touches activeProgramMode. The main loop owns every mode handed to it.
 class ProgramMode {
 public:
     virtual ~ProgramMode();
 
     // Receives every event polled while the mode is active, quit and key events included, after
-    // the key table has been brought up to date. The event belongs to the frame.
+    // the key table has been brought up to date. The event belongs to the main loop.
     virtual void event(SDL_Event* e) = 0;
 
     // Called once, right after the mode has become active through newProgramMode. The first mode
@@ -23,6 +23,6 @@ public:
     // Called once per frame, after that frame's events. The mode draws and flips by itself.
     virtual void update();
 
-    // A mode's own release hook; the frame never calls it.
+    // A mode's own release hook; the main loop never calls it.
     virtual void cleanUp();
 };

@@ -3,7 +3,6 @@
 
 #include "helpscreen.h"
 
-#include "main.h"
 #include "textscreen.h"
 
 namespace {
@@ -21,15 +20,6 @@ TEST_F(HelpScreenTest, showsTheControlsOfBothPlayers) {
                   {3, "Enjoy!"},
               }),
               "");
-}
-
-// Shared with the credits.
-TEST_F(HelpScreenTest, tellsWhichEventsLeaveATextScreen) {
-    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_SPACE)));
-    EXPECT_TRUE(leavesTextScreen(mouseUp(SDL_BUTTON_WHEELDOWN)));
-    EXPECT_FALSE(leavesTextScreen(keyUp(SDLK_SPACE)));
-    EXPECT_FALSE(leavesTextScreen(keyDown(SDLK_KP_ENTER)));
-    EXPECT_EQ(newProgramMode, nullptr);
 }
 
 } // namespace

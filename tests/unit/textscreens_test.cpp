@@ -125,6 +125,15 @@ TEST_P(EveryTextScreenTest, keepsTheLatestRequestOfAFrame) {
     EXPECT_TRUE(takeMenuRequest());
 }
 
+TEST(LeavesTextScreenTest, acceptsThreeKeysGoingDownAndTheReleaseOfAnyMouseButton) {
+    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_ESCAPE)));
+    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_RETURN)));
+    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_SPACE)));
+    EXPECT_TRUE(leavesTextScreen(mouseUp(SDL_BUTTON_WHEELDOWN)));
+    EXPECT_FALSE(leavesTextScreen(keyUp(SDLK_SPACE)));
+    EXPECT_FALSE(leavesTextScreen(keyDown(SDLK_KP_ENTER)));
+}
+
 const Kind kinds[] = {
     {"GameOver", [] { return new GameOver(2); }, {SDLK_ESCAPE}, false},
     {"HelpScreen", [] { return new HelpScreen; }, {SDLK_ESCAPE, SDLK_RETURN, SDLK_SPACE}, true},
