@@ -60,7 +60,8 @@ def test_the_manual_explains_every_message(project, build):
 
 def data_places(project):
     text = (project / "src/main.cpp").read_text()
-    return [prefix or "./" for prefix in re.findall(r'morvane\.dat", "([^"]*)"\}', text)]
+    table = re.search(r"dataPlaces\[\] = \{(.*?)\};", text, re.S).group(1)
+    return [prefix or "./" for prefix in re.findall(r'"([^"]*)"', table)]
 
 
 def test_manual_and_readme_list_the_places_of_the_data(project, build):
