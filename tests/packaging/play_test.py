@@ -85,7 +85,7 @@ def display_of(size):
 
 
 def said_on_a_display(size, **changes):
-    """What ./play prints on a display of that size, where the game is closed again after a while."""
+    """What ./play prints on a display of that size; the game is closed again after five seconds."""
     kept = {name: value for name, value in os.environ.items() if name in ("PATH", "HOME", "LANG")}
     with display_of(size) as display:
         result = subprocess.run(["timeout", "-s", "INT", "5", PROJECT / "play"], timeout=200,
