@@ -2,68 +2,81 @@
 # SPDX-License-Identifier: MIT
 """Where the painted ships lie and where their parts appear, for scene and brush alike.
 
-To change: FIRST and SECOND place and turn the ships; EYE_Y, EYE_Z and FOCUS are the camera.
+Positions of the picture are its finished pixels, world positions metres: x right, y up, z away.
+To change: FIRST and SECOND place, turn and light the ships; VIEW is the camera.
 """
 from dataclasses import dataclass
 
 import numpy as np
 
-from ship.hull import GUN_PORTS
-from ship.lines import position, station
-from ship.model import VERSIONS
+from painting.shape import PORT_LINE, PORTS, place, sheer
 
-EYE_Y, EYE_Z, FOCUS = 13, -230, 721
-MIDDLE = 400        # of the camera's square frame
-LINES = VERSIONS['tall'][1]
+WIND = -38.                 # degrees: the wind blows to the right, and a little towards the eye
+
+
+def turned(axis, degrees):
+    c, s = np.cos(np.radians(degrees)), np.sin(np.radians(degrees))
+    i, j = [k for k in range(3) if k != axis]
+    m = np.eye(3)
+    m[i, i], m[i, j], m[j, i], m[j, j] = c, -s, s, c
+    return m
+
+
+@dataclass
+class View:
+    eye: float          # its height above the sea
+    focus: float        # picture pixels of a metre at a distance of one
+    middle: float       # where the picture meets what lies straight ahead
+    horizon: float
+
+    def project(self, world):
+        """Picture positions, (n, 2), of world positions."""
+        x, y, z = np.asarray(world, float).T
+        return np.stack(self.at(x, y, z), 1)
+
+    def at(self, x, y, z):
+        return self.middle + self.focus * x / z, self.horizon - self.focus * (y - self.eye) / z
+
+
+VIEW = View(8., 721., 400., 403.)
 
 
 @dataclass
 class Pose:
     name: str
-    pitch: float        # degrees about x, then z, then y, as POV-Ray turns
-    roll: float
-    yaw: float
-    place: tuple
+    heading: float      # degrees from the picture's right, away from the eye
+    heel: float         # towards starboard
+    trim: float         # bow up
+    spot: tuple         # the middle of her waterline
+    brace: float        # of the yards, degrees from square
+    sun: tuple          # where her light comes from
 
-    def source(self):
-        return 'object{ %s rotate x*%g rotate z*%g rotate y*%g translate <%g,%g,%g> }' % (
-            (self.name, self.pitch, self.roll, self.yaw) + self.place)
+    def axes(self):
+        """Columns are her forward, up and port axes in the world."""
+        return turned(1, self.heading) @ turned(0, -self.heel) @ turned(2, self.trim)
+
+    def matrix(self):
+        return 'matrix<%s,%g,%g,%g>' % (
+            ','.join('%.5f' % v for v in self.axes().T.ravel()), *self.spot)
+
+    def wind(self):
+        """Where the wind blows to, in degrees from her heading."""
+        return WIND - self.heading
 
     def world(self, points):
-        x, y, z = np.asarray(points, float).T
-        a, b, c = np.radians((self.pitch, self.roll, self.yaw))
-        y, z = y * np.cos(a) - z * np.sin(a), y * np.sin(a) + z * np.cos(a)
-        x, y = x * np.cos(b) - y * np.sin(b), x * np.sin(b) + y * np.cos(b)
-        x, z = x * np.cos(c) + z * np.sin(c), z * np.cos(c) - x * np.sin(c)
-        return np.stack([x, y, z], 1) + self.place
+        return np.asarray(points, float) @ self.axes().T + self.spot
 
-    def project(self, points):
-        """Picture positions, (n, 2), of points of the ship."""
-        x, y, z = self.world(points).T
-        scale = FOCUS / (z - EYE_Z)
-        return np.stack([MIDDLE + x * scale, MIDDLE - (y - EYE_Y) * scale], 1)
-
-    def near_side(self):
-        """+1 or -1: the side of the ship that faces the eye."""
-        port, starboard = self.world([(0, 0, 10), (0, 0, -10)])[:, 2]
-        return 1 if port < starboard else -1
-
-    def waterline(self):
-        """The near side's waterline from stern to stem."""
-        s, points = self.near_side(), []
-        for t in np.linspace(0, 1, 60):
-            hollow = 1 - .4 * np.clip((t - .72) / .28, 0, 1)
-            rake = LINES.rake * np.clip((t - .8) / .2, 0, 1) * .7
-            points.append((position(t) + rake, 1.4, s * LINES.side(t) * .94 * hollow))
-        return self.project(points)
+    def waterline(self, count=120):
+        """World positions of the near side's waterline, from stern to stem."""
+        t = np.linspace(.01, 1, count)
+        return self.world(place(t, np.zeros(count), -1))
 
     def muzzles(self):
-        """The firing guns of the near side, from bow to stern; the smoke leaves her bow free."""
-        s = self.near_side()
-        return self.project([(x, 3.6 * LINES.tall, s * (LINES.side(station(x)) + 2.4))
-                             for x in GUN_PORTS[3::2]])
+        """World positions of the starboard guns' mouths, from stern to bow, and their aim."""
+        points = place(PORTS, PORT_LINE * sheer(PORTS), -1, 1.6)
+        return self.world(points), self.axes() @ (0, 0, -1.)
 
 
-# Far enough aside that the menu's panel, 255 to 545 across, hides neither bow.
-FIRST = Pose('FirstShip', -4, 1.2, 214, (-94, -.6, 10))
-SECOND = Pose('SecondShip', 5, -.8, -42, (88, -.8, 8))
+# The menu's panel hides 255 to 545 across.
+FIRST = Pose('First', -27, 4, .6, (-57.5, .2, 150), 24, (.85, .36, .22))
+SECOND = Pose('Second', -86, 2, -.4, (40.0, .1, 121), 16, (-.80, .36, .42))

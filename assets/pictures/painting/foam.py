@@ -2,52 +2,70 @@
 # SPDX-License-Identifier: MIT
 """Foam along a painted ship's waterline.
 
-To change: `bow_wave` is the water under her stem; thick, trail and the colours are in `waterline`.
+To change: `crest` is the wave under her bow, in metres; the colours are in `waterline`.
 """
 import numpy as np
 
-from common.noise import fbm, smoothstep
+from common.noise import smoothstep
 from common.palette import linear
 from painting.brush import lay
+from painting.camera import VIEW
 
 
-def waterline(c, pose, seed):
+def profile(pose, sea):
+    """Picture positions (x, y), metres a pixel and part of her length, of her waterline."""
+    points = pose.waterline()
+    points[:, 1] = sea.height(points[:, 0], points[:, 2])
+    flat = VIEW.project(points)
+    return flat[:, 0], flat[:, 1], points[:, 2] / VIEW.focus, np.linspace(0, 1, len(points))
+
+
+def across(x, line, values):
+    order = np.argsort(line)
+    return np.interp(x, line[order], values[order])
+
+
+def crest(metres):
+    """Height of the water along her side, metres behind the stem: bow wave, trough and quarter."""
+    return (2.3 * np.exp(-((metres - 1.6) / 2.6) ** 2) + .8 * np.exp(-((metres - 9) / 4) ** 2)
+            + .45 * np.exp(-((metres - 40) / 7) ** 2))
+
+
+def afloat(dusk, pose, sea, cover):
+    """Her coverage without what lies under water."""
+    x, y, _, _ = profile(pose, sea)
+    level = across(dusk.x, x, y)
+    mine = (dusk.x > x.min() - 40) & (dusk.x < x.max() + 60)
+    return cover * np.where(mine, np.clip((level - dusk.y) * dusk.scale + .5, 0, 1), 1)
+
+
+def waterline(c, dusk, pose, sea, seed):
     """Foam along the hull, the wave under her bow, and the torn water behind her stern."""
-    line = pose.waterline()
-    (x0, y0), x1 = line[0], line[-1, 0]
-    ahead = 1 if x1 > x0 else -1
-    h, w = c.shape[:2]
-    y, x = np.mgrid[0:h, 0:w].astype(float)
-    n, fine = fbm(h, w, seed, 1.2), fbm(h, w, seed + 7, .9)
-    order = np.argsort(line[:, 0])
-    level = np.interp(x, line[order, 0], line[order, 1])
-    along = np.clip((x - x0) / (x1 - x0), -.5, 1.5)      # 0 at the stern, 1 at the stem
-    below = y - level - 1.2 * n
-    thick = 1.6 + 2.6 * np.clip((along - .55) / .45, 0, 1) ** 2
-    foam = np.exp(-(np.clip(below - 1, 0, None) / thick) ** 2) * (below > -1.8)
-    foam = foam * np.clip(.42 + .34 * n + .30 * fine, 0, 1) * (along > 0) * (along < 1)
-    astern = (x0 - x) * ahead
-    trail = np.exp(-((y - y0 - 1.5 - .03 * astern - n) / (1.8 + .05 * np.abs(astern))) ** 2)
-    trail = trail * (astern > -3) * np.exp(-np.clip(astern, 0, None) / 38)
-    trail = trail * np.clip(.30 + .35 * n + .3 * fine, 0, 1)
-    gone = (x1 + 5 * ahead - x) * ahead                  # pixels behind the stem
-    wave, height = bow_wave(gone, y - level, n, fine)
-    foam = np.maximum.reduce([foam * .9, wave, trail * .8])
-    # The sun stands behind her: the crest's rim glows, its near side lies in violet shade.
-    lit = linear('8d7388') + (linear('ffe9cc') - linear('8d7388')) * height[..., None]
-    return lay(c, lit, np.clip(foam, 0, .95))
-
-
-def bow_wave(gone, below, n, fine):
-    """(cover, light) of the water that the stem throws up: a broken crest, torn into spray."""
-    crest = 13 * np.exp(-((gone - 6) / 13) ** 2) + 4.2 * np.exp(-((gone - 38) / 20) ** 2)
-    crest = crest * (.80 + .30 * n) + 1.6 * fine
-    above = -below
-    body = np.clip((crest - above) / 2.2, 0, 1)
-    body = body * np.exp(-(np.clip(below, 0, None) / (4.5 + 1.5 * n)) ** 2)
-    body = body * np.clip((gone + 10) / 6, 0, 1) * np.clip(1 - gone / 70, 0, 1) ** .7
-    body = body * np.clip(.86 + .30 * n + .30 * fine - .006 * gone, 0, 1)
-    spray = smoothstep(fine + .5 * n, .9, 1.7) * np.exp(-((above - 1.3 * crest) / 7) ** 2)
-    spray = spray * np.exp(-((gone - 4) / 17) ** 2) * (above > 0)
-    height = np.clip(.30 + .55 * above / np.maximum(crest, 2) + .16 * fine, 0, 1)
-    return np.clip(np.maximum(body, .85 * spray), 0, 1), np.maximum(height, spray)
+    x, y, pixel, part = profile(pose, sea)
+    level, metre = across(dusk.x, x, y), 1 / across(dusk.x, x, pixel)
+    # Outside the hull the measures of its ends hold.
+    ahead = np.sign(x[-1] - x[0])
+    length = 46. / abs(x[-1] - x[0])
+    astern_of_stem = np.where((dusk.x - x[-1]) * ahead < 0,
+                              (1 - across(dusk.x, x, part)) * 46, (x[-1] - dusk.x) * ahead * length)
+    behind = np.where((x[0] - dusk.x) * ahead > 0, (x[0] - dusk.x) * ahead * length, 0)
+    astern_of_stem = astern_of_stem + behind
+    n, fine = dusk.noise(seed, 1.25), dusk.noise(seed + 7, .9)
+    above = (level - dusk.y) / metre
+    high = crest(astern_of_stem) * (1 + .22 * n) + .16 * fine + .22
+    body = smoothstep(high - above, -.05, .35)
+    reach = .5 + .9 * np.exp(-((astern_of_stem - 3) / 6) ** 2) + .012 * astern_of_stem
+    body = body * np.exp(-(np.clip(-above, 0, None) / (reach * (1 + .3 * n))) ** 2)
+    inside = smoothstep(astern_of_stem, -3.2, -.6) * (1 - smoothstep(astern_of_stem, 44, 47))
+    torn = np.clip(.72 + .34 * n + .34 * fine, 0, 1) * (
+        .45 + .55 * np.exp(-np.clip(astern_of_stem - 4, 0, None) / 9))
+    body = body * inside * torn
+    wake = np.exp(-((above + .5 + .05 * behind) / (.5 + .05 * behind)) ** 2) * (behind > 0)
+    wake = wake * np.exp(-behind / 26) * np.clip(.4 + .4 * n + .3 * fine, 0, 1)
+    spray = smoothstep(fine + .5 * n, .8, 1.7) * np.exp(-((above - 1.2 * high) / 1.1) ** 2)
+    spray = spray * np.exp(-((astern_of_stem - 1) / 4.) ** 2) * (above > 0)
+    foam = np.clip(np.maximum.reduce([body, .8 * wake, .8 * spray]), 0, .93)
+    light = np.clip(.22 + .62 * above / np.maximum(high, .5) + .2 * fine, 0, 1)
+    light = np.maximum(light, spray)[..., None]
+    colour = linear('75628a') * (1 - light) + linear('ffe0b8') * light
+    return lay(c, colour, foam)

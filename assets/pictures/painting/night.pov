@@ -1,14 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
-// A ship before the moon, on a clear ground; nine units are twenty pixels of the finished picture.
-// To change: the two lights, and how the ship lies in the last line.
+// A ship before the moon, on a clear ground; five metres are sixteen pixels of the picture.
+// To change: Through is how much of the moon shines through her sails; poses.inc turns her.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
-#declare ClothGlow = 0;
-#declare ClothDiffuse = .7;
-#include "ship_textures.inc"
-#include "ship.inc"
-camera{ orthographic location <0,38,-400> direction z*400 up y*90 right x*126 }
-light_source{ <-500,900,1500> rgb <1,.93,.75>*1.3 parallel point_at 0 }
-light_source{ <-900,500,-900> rgb <.35,.45,.7>*.34 shadowless parallel point_at 0 }
-object{ Ship rotate z*1 rotate y*218 translate <0,0,0> }
+#declare Through = .022;
+#declare Cloth = .55;
+#declare Lamps = 1.7;
+#include "vessel.inc"
+#declare T_Side = texture{ Laid("side_first.png") finish{F_Wood} };
+#declare T_Ensign = texture{ pigment{ srgb <.34,.32,.36> } finish{F_Cloth} };
+#declare T_Pennant = T_Ensign;
+#include "first.inc"
+camera{ orthographic location <0,29.25,-400> direction z*400 up y*62.5 right x*87.5 }
+// The moon behind her draws the warm rims; the sky in front keeps a little form in the cloth.
+light_source{ <260,620,900> rgb <1,.86,.62>*1.9 area_light x*240,y*240,3,3 adaptive 1
+  circular orient parallel point_at 0 }
+light_source{ <-900,600,-900> rgb <.36,.50,.86>*.27 shadowless parallel point_at 0 }
+light_source{ <900,200,-500> rgb <.40,.50,.76>*.06 shadowless parallel point_at 0 }
+#include "poses.inc"

@@ -2,12 +2,12 @@
 # SPDX-License-Identifier: MIT
 """The "presents" picture: a ship before the rising moon, fading into the black around it.
 
-To change: MOON, SHIP and HORIZON are the layout; `sea`, `mirrored` and `foam` the water.
+To change: MOON, SHIP, HORIZON and WATER are the layout; `water` and `foam` the sea.
 """
 from pathlib import Path
 
 import numpy as np
-from scipy.ndimage import map_coordinates
+from scipy.ndimage import gaussian_filter, map_coordinates
 
 from common import povray
 from common.canvas import Canvas, blend
@@ -15,14 +15,21 @@ from common.noise import fbm, smoothstep
 from common.palette import linear
 from common.raster import layer, over, read_layer, reduce, to_opaque
 from common.relief import metal
-from ship import model
+from painting import dress, vessel
+from painting.camera import Pose, View
+from painting.sea import Sea
 
 HERE = Path(__file__).resolve().parent
-W, H = 640, 440
+W, H, SCALE = 640, 440, 2
 HORIZON = 262
-MOON = (320, 168, 92)
-SHIP = (184, 77)        # top left corner of the 280 x 200 picture of the ship
+WATER = 271             # where she parts the water: nearer than the horizon
+MOON = (338, 150, 90)
+SHIP = (172, 77)        # top left corner of the 280 x 200 picture of the ship
 SHIP_SIZE = (280, 200)
+DISTANCE = 200.         # metres; 3.2 pixels a metre there
+VIEW = View((WATER - HORIZON) / 3.2, 3.2 * DISTANCE, 320., HORIZON)
+POSE = Pose('First', -24, 2, .5, (0, 0, 0), 30, ())
+BLOW = -14              # degrees off her heading, the wind's way
 
 
 def sky(c):
@@ -44,68 +51,87 @@ def sky(c):
     return blend(colour, lit, veil)
 
 
-def sea(c, colour):
-    """Dark water with the moon's road, its glitter finer towards the horizon."""
-    x, _, _ = MOON
-    down = np.clip(c.y - HORIZON, 0, None)
-    scale = 6 / (4 + down)
-    u, v = (c.x - x) * scale * 3, 900 * scale
-    h, w = 1024, 1024
-    waves = fbm(h, w, 31, 1.3)[(v * 4).astype(int) % h, (u * 4).astype(int) % w]
-    water = linear('0a1730') * (1.1 + .25 * waves)[..., None]
-    road = np.exp(-((c.x - x) / (58 + .55 * down)) ** 2)
-    glitter = smoothstep(waves, .1, 1.3) * road * np.clip(1.05 - down / 190, 0, 1)
-    water = water + (glitter * .8)[..., None] * linear('ffe9b0')
-    water = water + (.10 * road)[..., None] * linear('9fb2c0')
-    return blend(colour, water, c.soft(c.y - HORIZON))
+def water(picture, ship):
+    """Picture with the dark sea in it, in which sky, moon and ship are broken by the waves."""
+    sea = Sea(W, H, SCALE, VIEW, swell=.55)
+
+    def sky_at(azimuth, lift):
+        x, y = VIEW.at(np.tan(azimuth), VIEW.eye + np.tan(lift) / np.cos(azimuth), 1.)
+        row = np.clip(y * SCALE, 0, sea.top - 1).astype(int)
+        column = np.clip(x * SCALE, 0, W * SCALE - 1).astype(int)
+        return .85 * picture[row, column]
+
+    def things(waves, rays, seen):
+        return waves.reflect(rays, seen, ship, DISTANCE, VIEW, SCALE)
+
+    def gleam(azimuth, lift):
+        x, y, _ = MOON
+        away = np.hypot(azimuth - (x - VIEW.middle) / VIEW.focus,
+                        .7 * (lift - (HORIZON - y) / VIEW.focus))
+        return (.8 * np.exp(-(away / .10) ** 2))[..., None] * linear('fff0c0')
+
+    picture = picture.copy()
+    picture[sea.top:] = sea.water(sky_at, things, gleam, ('0a1428', '10283c'))
+    return picture * (1 - shade(ship))[..., None]
+
+
+def shade(ship):
+    """Her dark image in the water, drawn out and broken by the waves."""
+    y, x = (np.mgrid[0:H * SCALE, 0:W * SCALE] + .5) / SCALE
+    down = np.clip(y - WATER, 0, None)
+    ripple = fbm(H * SCALE, W * SCALE, 41, 1.1, sx=5.)
+    source = [(WATER - 1 - down * 1.2 + ripple) * SCALE, (x + ripple * (.8 + .09 * down)) * SCALE]
+    image = map_coordinates(ship[..., 3], source, order=1)
+    return .75 * image * np.clip(1 - down / 110, 0, 1) * (y > WATER)
 
 
 def with_ship(picture, work):
-    libraries = povray.prepare(work, HERE, HERE.parent / 'ship')
-    model.write(work / 'ship.inc', 'tall')
-    size = tuple(2 * side for side in SHIP_SIZE)
-    povray.render(HERE / 'night.pov', work / 'ship.png', size, libraries)
-    ship = read_layer(work / 'ship.png', 2)
-    x, y = SHIP
-    lay = np.zeros((H, W, 4))
-    lay[y:y + SHIP_SIZE[1], x:x + SHIP_SIZE[0]] = ship
-    rows = np.arange(H)[:, None, None]
-    lay = lay * np.clip((HORIZON + 3 - rows) / 4, 0, 1)         # the sea hides her bottom
-    return over(lay, over(foam(lay), over(mirrored(lay), opaque(picture))))[..., :3]
+    libraries = povray.prepare(work, HERE)
+    dress.write(work)
+    vessel.write(work / 'first.inc', POSE.name, BLOW, POSE.brace)
+    (work / 'poses.inc').write_text('object{ %s %s }\n' % (POSE.name, POSE.matrix()))
+    povray.render(HERE / 'night.pov', work / 'ship.png', [SCALE * side for side in SHIP_SIZE],
+                  libraries)
+    x, y = SHIP[0] * SCALE, SHIP[1] * SCALE
+    ship = np.zeros((H * SCALE, W * SCALE, 4))
+    ship[y:y + SHIP_SIZE[1] * SCALE, x:x + SHIP_SIZE[0] * SCALE] = read_layer(work / 'ship.png')
+    rows = (np.arange(H * SCALE) + .5)[:, None] / SCALE
+    swell = fbm(H * SCALE, W * SCALE, 43, 1.1, sx=4.)
+    cover = np.clip((WATER - rows - .5 * swell) * SCALE + .5, 0, 1)     # the sea hides her bottom
+    ship = moonlit(ship) * cover[..., None]
+    picture = np.concatenate([water(picture, ship), np.ones(cover.shape + (1,))], 2)
+    picture, ship = reduce(picture, SCALE), reduce(ship, SCALE)
+    return over(foam(ship), over(ship, picture))[..., :3]
 
 
-def opaque(picture):
-    return np.concatenate([picture, np.ones(picture.shape[:2] + (1,))], 2)
-
-
-def mirrored(ship):
-    """Her dark image in the water, drawn out and broken by the waves."""
-    y, x = np.mgrid[0:H, 0:W].astype(float)
-    down = np.clip(y - HORIZON - 2, 0, None)
-    ripple = fbm(H, W, 41, 1.1, sx=5.)
-    sway = ripple * (1 + .11 * down) + 1.5 * np.sin(1.4 * down + 2 * ripple)
-    source = [HORIZON + 1 - down * 1.5 + 2 * ripple, x + sway]
-    image = np.dstack([map_coordinates(ship[..., i], source, order=1) for i in range(4)])
-    image[..., :3] = image[..., :3] * .10 + image[..., 3:] * linear('0a1730') * .5
-    return image * (np.clip(.62 - down / 75, 0, 1) * (y > HORIZON + 1))[..., None]
+def moonlit(ship):
+    """Her edges where the moon stands behind them: light creeps round cloth and wood."""
+    y, x = (np.mgrid[0:H * SCALE, 0:W * SCALE] + .5) / SCALE
+    near = np.exp(-np.clip(np.hypot(x - MOON[0], y - MOON[1]) - MOON[2] + 8, 0, None) / 25)
+    cover = ship[..., 3]
+    rim = cover * np.clip(1 - gaussian_filter(cover, .9 * SCALE), 0, 1) ** 1.5 * near
+    # Ropes stay dark, or they would vanish before the moon.
+    rim = rim * smoothstep(gaussian_filter(cover, 1.6 * SCALE), .25, .45)
+    ship[..., :3] += (1.1 * rim)[..., None] * linear('ffdc9a')
+    return ship
 
 
 def foam(ship):
     """The pale line where she parts the water, strongest under her bow."""
     y, x = np.mgrid[0:H, 0:W].astype(float)
-    columns = np.flatnonzero(ship[HORIZON - 6, :, 3] > .5)
+    columns = np.flatnonzero(ship[WATER - 6, :, 3] > .5)
     along = np.clip((x - columns[0]) / np.ptp(columns), -.2, 1.2)
     rough = fbm(H, W, 43, 1.1, sx=2.)
     height = 1.2 + 3.2 * np.exp(-((along - 1.) / .07) ** 2)
-    band = np.exp(-((y - HORIZON - 2.2 - .5 * rough) / height) ** 2)
+    band = np.exp(-((y - WATER - .6 - .5 * rough) / height) ** 2)
     band = band * np.clip(.42 + .5 * along + .35 * rough, 0, 1)
     band = band * smoothstep(along, -.04, .02) * (1 - smoothstep(along, 1.0, 1.08))
     return layer(linear('b9c4cf') * .7, band * .8)
 
 
 def make(work):
-    c = Canvas(W, H, 2)
-    scene = with_ship(reduce(sea(c, sky(c)), c.scale), work)
+    c = Canvas(W, H, SCALE)
+    scene = with_ship(sky(c), work)
     y, x = np.mgrid[0:H, 0:W] + .5
     rim = np.hypot((x - W / 2) / (W / 2), (y - 200) / 200)
     scene = scene * (1 - smoothstep(rim, .52, .98))[..., None]

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The dusk sky, painted over azimuth -45..45 and elevation 0..45 degrees, and the sea's waves.
+"""The dusk sky, painted over azimuth -45..45 and elevation 0..45 degrees.
 
 To change: GRADIENT, and the layers of cloud listed in `paint`.
 """
@@ -9,7 +9,6 @@ from scipy.ndimage import gaussian_filter, map_coordinates
 
 from common.noise import fbm, smoothstep
 from common.palette import linear
-from common.raster import to_opaque
 
 W, H = 2400, 1200
 NOISE = 2048
@@ -85,24 +84,16 @@ def paint():
     sky.clouds(3, 150, .05, 1.1, 'd9765f', '352a58', 'ffc070', .85, 1.70)
     sky.clouds(29, 56, .35, .9, 'f4a06a', '251f45', 'ffd490', .92, 1.60)
     sky.streaks()
-    return to_opaque(sky.colour / (1 + .12 * sky.colour))
+    return sky.colour / (1 + .12 * sky.colour)
 
 
-def waves():
-    """Height map of a tile of sea, 900 units long, in 0..1."""
-    n, tile = NOISE, 900.
-    k1 = np.fft.fftfreq(n) * n
-    kx, ky = np.meshgrid(k1, k1)
-    k = np.hypot(kx, ky)
-    k[0, 0] = 1
-    length = tile / k
-    amplitude = np.where((length < 60) & (length > 1.6), length ** 1.95, 0)
-    amplitude = amplitude * (.25 + np.abs(np.cos(np.arctan2(ky, kx) - 1.15)) ** 2)
-    r = np.random.RandomState(44)
-    h = np.fft.ifft2(amplitude * (r.normal(size=(n, n)) + 1j * r.normal(size=(n, n)))).real
-    h = h / h.std()
-    gy, gx = np.gradient(gaussian_filter(h, 2, mode='wrap'))
-    y, x = np.mgrid[0:n, 0:n].astype(float)
-    h = map_coordinates(h, [y - gy * 120, x - gx * 120], order=3, mode='grid-wrap')
-    h = gaussian_filter(h, .8, mode='wrap')
-    return (h - h.min()) / (h.max() - h.min())
+def lookup(colours):
+    """The colour in a direction, from what `paint` made; away from the picture it darkens."""
+    def look(azimuth, height):
+        across = np.tan(np.clip(azimuth, -.785, .785))
+        up = np.tan(np.clip(height, 0, .76)) / np.cos(np.clip(azimuth, -.785, .785))
+        at = [(1 - np.clip(up, 0, 1)) * (H - 1), (across + 1) / 2 * (W - 1)]
+        seen = np.stack([map_coordinates(colours[..., i], at, order=1, mode='nearest')
+                         for i in range(3)], -1)
+        return seen * (1 - .55 * np.clip((height - .5) / .8, 0, 1))[..., None]
+    return look

@@ -1,0 +1,83 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The light of the painting's evening: haze, rays, the sun's disc and the tones of the whole.
+
+`x` and `y` are the cells' positions in finished pixels, `scale` the cells a pixel.
+To change: SUN is where the sun stands, `grade` makes the tones.
+"""
+import numpy as np
+from scipy.ndimage import gaussian_filter
+
+from common.light import linear_to_srgb
+from common.noise import fbm, smoothstep
+from common.palette import linear, rgb
+from painting.brush import lay
+from painting.camera import VIEW
+from painting.sky import SUN_AZIMUTH, SUN_HEIGHT
+
+SUN = (438, 348)
+
+
+def glitter(azimuth, lift):
+    """The sun in the waves, by the direction in which a mirrored ray leaves."""
+    away = np.hypot(azimuth - SUN_AZIMUTH, .8 * (lift - SUN_HEIGHT))
+    light = 6. * np.exp(-(away / .05) ** 2) + 1. * np.exp(-(away / .14) ** 2)
+    return light[..., None] * linear('ffcf86')
+
+
+class Dusk:
+    def __init__(self, w, h, scale):
+        self.scale = scale
+        self.y, self.x = (np.mgrid[0:h * scale, 0:w * scale] + .5) / scale
+
+    def noise(self, seed, slope, **stretch):
+        return fbm(*self.x.shape, seed, slope, size=2048, **stretch)
+
+    def haze(self, c):
+        """Warm air on the horizon, brightest below the sun."""
+        thick = np.where(self.y < VIEW.horizon, 15, 26)
+        amount = np.exp(-((self.y - VIEW.horizon) / thick) ** 2)
+        near = np.exp(-(np.abs(self.x - SUN[0]) / 150) ** 2)
+        c = lay(c, linear('c07a6c') * .8, .22 * amount)
+        return lay(c, linear('ffb868'), .34 * amount * near)
+
+    def rays(self):
+        """Faint beams between the clouds, wider and weaker away from the sun."""
+        dx, dy = self.x - SUN[0], self.y - SUN[1]
+        turn = ((np.arctan2(dy, dx) / (2 * np.pi) + .5) * 1023).astype(int)
+        beam = gaussian_filter(fbm(1, 1024, 91, 1.1)[0], 5, mode='wrap')
+        away = np.hypot(dx, dy)
+        light = .085 * np.clip(beam[turn], -.4, 1.6) * np.exp(-away / 170)
+        return (light * np.clip(away / 40, 0, 1) * (self.y < VIEW.horizon))[..., None] * linear('ffb860')
+
+    def sun(self, o):
+        """Her disc, which melts into the haze downwards, within halos, each wider and redder.
+
+        Laid over finished colours as light is over light: nothing round the sun comes out darker
+        or less golden for it, as it would through the tone curve.
+        """
+        r = np.hypot(self.x - SUN[0], (self.y - SUN[1]) * 1.04)
+        soft = 1.8 + 2.6 * np.clip((self.y - SUN[1]) / 18 + .4, 0, 1)
+        disc = 1 / (1 + np.exp(np.clip((r - 17) / soft, -50, 50)))
+        bars = self.noise(95, 1.5, sx=9.)
+        veil = 1 - .45 * smoothstep(bars, .2, 1.3) * np.clip((self.y - SUN[1] + 8) / 20, 0, 1)
+        for light, colour in ((disc * veil, 'fffbe6'), (.62 * np.exp(-r / 15), 'ffe49a'),
+                              (.40 * np.exp(-r / 48), 'ffc468'), (.20 * np.exp(-r / 150), 'ff9a50')):
+            o = 1 - (1 - o) * (1 - light[..., None] * np.array(rgb(colour)))
+        return o
+
+    def grade(self, c):
+        """Bloom, tone curve, vignette and a little more colour; returns sRGB."""
+        bright = np.clip(c - .85, 0, 2)
+        for spread, amount in ((6, .22), (22, .20), (70, .26)):
+            c = c + gaussian_filter(bright, [spread * self.scale] * 2 + [0]) * amount
+        c = c * 1.12
+        c = c / (1 + .16 * c) * 1.06
+        # A shoulder instead of a limit keeps the colours round the sun apart.
+        c = np.where(c > .62, .62 + .38 * (1 - np.exp(-(c - .62) / .38)), c)
+        corner = np.hypot((self.x - 400) / 520, (self.y - 330) / 430)
+        corner = np.clip(corner - .55, 0, 1) ** 1.4
+        o = self.sun(linear_to_srgb(np.clip(c * (1 - .42 * corner)[..., None], 0, 1)))
+        grey = o.mean(2, keepdims=True)
+        o = np.clip(grey + (o - grey) * 1.10, 0, 1)
+        return np.clip((o - .5) * 1.05 + .5, 0, 1)
