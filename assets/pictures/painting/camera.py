@@ -78,5 +78,5 @@ class Pose:
 
 
 # The menu's panel hides 255 to 545 across.
-FIRST = Pose('First', -27, 4, .6, (-57.5, .2, 150), 24, (.85, .36, .22))
-SECOND = Pose('Second', -86, 2, -.4, (40.0, .1, 121), 16, (-.80, .36, .42))
+FIRST = Pose('First', -35, 4, .6, (-58.2, .2, 148), 22, (.84, .36, .25))
+SECOND = Pose('Second', -89, 2, -.4, (44.0, .1, 128), 17, (-.82, .36, .40))

@@ -28,11 +28,11 @@ def cloth(seed, panels, bands):
     o *= (1 + tone[(x * panels).astype(int)] + .020 * fbm(h, w, seed, 1.9)
           + .012 * fbm(h, w, seed + 1, 1.2, sx=.4))[..., None]
     seam = np.abs((x * panels + .5) % 1 - .5)
-    dark = .24 * np.exp(-(seam / .045) ** 2)
+    dark = .17 * np.exp(-(seam / .045) ** 2)
     for at in bands:
-        dark = np.maximum(dark, .20 * (np.abs(y - at) < .014))
+        dark = np.maximum(dark, .16 * (np.abs(y - at) < .014))
         points = np.exp(-(((x * panels * 2) % 1 - .5) / .11) ** 2) * (y > at) * (y < at + .055)
-        dark = np.maximum(dark, .34 * points)
+        dark = np.maximum(dark, .24 * points)
     edge = np.minimum.reduce([x, 1 - x, (1 - y), y + .01])
     dark = np.maximum(dark, .20 * (edge < .022))
     stain = smoothstep(fbm(h, w, seed + 2, 1.6), .9, 2.4) * .12
@@ -99,7 +99,7 @@ def write(work):
     save(work, 'course', cloth(1, 14, (.18,)))
     save(work, 'topsail', cloth(4, 11, (.16, .31)))
     save(work, 'jib', cloth(7, 9, ()))
-    for name, field, upper in (('first', 'a01c16', '6e1b14'), ('second', '1f4488', '1d3a68')):
+    for name, field, upper in (('first', 'a01c16', '6e1b14'), ('second', '1f4488', '182f58')):
         save(work, 'ensign_' + name, ensign(field, name == 'second'))
         save(work, 'side_' + name, side_paint(upper))
     save(work, 'transom', windows(7, ((.30, .44), (.52, .68)), '3a1d10'))

@@ -20,12 +20,13 @@ Dressed("side_second.png", "ensign_second.png", <.16,.32,.66>)
 camera{ perspective location <0,Eye,0> direction z*Focus up y*806 right x*800 }
 #macro Lit(Ship, Sun)
   light_group{
-    light_source{ vnormalize(Sun)*2000 rgb <1,.56,.25>*3.9 area_light x*420,y*420,4,4 adaptive 1
+    light_source{ vnormalize(Sun)*2000 rgb <1,.57,.26>*4.8 area_light x*420,y*420,4,4 adaptive 1
       circular orient parallel point_at 0 }
-    light_source{ <-900,900,-1500> rgb <.42,.44,.86>*.46 shadowless parallel point_at 0 }
+    light_source{ <-900,900,-1500> rgb <.40,.42,.86>*.42 shadowless parallel point_at 0 }
     light_source{ <900,1500,-900> rgb <.62,.46,.66>*.20 shadowless parallel point_at 0 }
     light_source{ <0,-700,-900> rgb <1,.60,.38>*.14 shadowless parallel point_at 0 }
-    light_source{ vnormalize(Sun)*2000*<1,-.25,1> rgb <1,.55,.28>*.30 shadowless parallel point_at 0 }
+    light_source{ vnormalize(Sun)*2000*<1,-.25,1> rgb <1,.55,.28>*.30 shadowless parallel
+      point_at 0 }
     object{ Ship }
     global_lights off
   }

@@ -48,7 +48,8 @@ class Dusk:
         beam = gaussian_filter(fbm(1, 1024, 91, 1.1)[0], 5, mode='wrap')
         away = np.hypot(dx, dy)
         light = .085 * np.clip(beam[turn], -.4, 1.6) * np.exp(-away / 170)
-        return (light * np.clip(away / 40, 0, 1) * (self.y < VIEW.horizon))[..., None] * linear('ffb860')
+        light = light * np.clip(away / 40, 0, 1) * (self.y < VIEW.horizon)
+        return light[..., None] * linear('ffb860')
 
     def sun(self, o):
         """Her disc, which melts into the haze downwards, within halos, each wider and redder.
@@ -62,7 +63,8 @@ class Dusk:
         bars = self.noise(95, 1.5, sx=9.)
         veil = 1 - .45 * smoothstep(bars, .2, 1.3) * np.clip((self.y - SUN[1] + 8) / 20, 0, 1)
         for light, colour in ((disc * veil, 'fffbe6'), (.62 * np.exp(-r / 15), 'ffe49a'),
-                              (.40 * np.exp(-r / 48), 'ffc468'), (.20 * np.exp(-r / 150), 'ff9a50')):
+                              (.40 * np.exp(-r / 48), 'ffc468'),
+                              (.20 * np.exp(-r / 150), 'ff9a50')):
             o = 1 - (1 - o) * (1 - light[..., None] * np.array(rgb(colour)))
         return o
 
@@ -77,7 +79,7 @@ class Dusk:
         c = np.where(c > .62, .62 + .38 * (1 - np.exp(-(c - .62) / .38)), c)
         corner = np.hypot((self.x - 400) / 520, (self.y - 330) / 430)
         corner = np.clip(corner - .55, 0, 1) ** 1.4
-        o = self.sun(linear_to_srgb(np.clip(c * (1 - .42 * corner)[..., None], 0, 1)))
+        o = self.sun(linear_to_srgb(np.clip(c * (1 - .50 * corner)[..., None], 0, 1)))
         grey = o.mean(2, keepdims=True)
         o = np.clip(grey + (o - grey) * 1.10, 0, 1)
         return np.clip((o - .5) * 1.05 + .5, 0, 1)

@@ -1,10 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Foam along a painted ship's waterline.
+"""What the sea shows of a painted ship: foam along her waterline, and her image below it.
 
 To change: `crest` is the wave under her bow, in metres; the colours are in `waterline`.
 """
 import numpy as np
+from scipy.ndimage import gaussian_filter, map_coordinates
 
 from common.noise import smoothstep
 from common.palette import linear
@@ -46,26 +47,48 @@ def waterline(c, dusk, pose, sea, seed):
     # Outside the hull the measures of its ends hold.
     ahead = np.sign(x[-1] - x[0])
     length = 46. / abs(x[-1] - x[0])
-    astern_of_stem = np.where((dusk.x - x[-1]) * ahead < 0,
-                              (1 - across(dusk.x, x, part)) * 46, (x[-1] - dusk.x) * ahead * length)
+    gone = np.where((dusk.x - x[-1]) * ahead < 0, (1 - across(dusk.x, x, part)) * 46,
+                    (x[-1] - dusk.x) * ahead * length)      # metres behind the stem
     behind = np.where((x[0] - dusk.x) * ahead > 0, (x[0] - dusk.x) * ahead * length, 0)
-    astern_of_stem = astern_of_stem + behind
+    gone = gone + behind
     n, fine = dusk.noise(seed, 1.25), dusk.noise(seed + 7, .9)
     above = (level - dusk.y) / metre
-    high = crest(astern_of_stem) * (1 + .22 * n) + .16 * fine + .22
+    high = crest(gone) * (1 + .22 * n) + .16 * fine + .22
     body = smoothstep(high - above, -.05, .35)
-    reach = .5 + .9 * np.exp(-((astern_of_stem - 3) / 6) ** 2) + .012 * astern_of_stem
+    reach = .5 + .9 * np.exp(-((gone - 3) / 6) ** 2) + .012 * gone
     body = body * np.exp(-(np.clip(-above, 0, None) / (reach * (1 + .3 * n))) ** 2)
-    inside = smoothstep(astern_of_stem, -3.2, -.6) * (1 - smoothstep(astern_of_stem, 44, 47))
-    torn = np.clip(.72 + .34 * n + .34 * fine, 0, 1) * (
-        .45 + .55 * np.exp(-np.clip(astern_of_stem - 4, 0, None) / 9))
+    inside = smoothstep(gone, -3.2, -.6) * (1 - smoothstep(gone, 44, 47))
+    torn = np.clip(.72 + .34 * n + .22 * fine, 0, 1) * (
+        .45 + .55 * np.exp(-np.clip(gone - 4, 0, None) / 9))
     body = body * inside * torn
     wake = np.exp(-((above + .5 + .05 * behind) / (.5 + .05 * behind)) ** 2) * (behind > 0)
     wake = wake * np.exp(-behind / 26) * np.clip(.4 + .4 * n + .3 * fine, 0, 1)
-    spray = smoothstep(fine + .5 * n, .8, 1.7) * np.exp(-((above - 1.2 * high) / 1.1) ** 2)
-    spray = spray * np.exp(-((astern_of_stem - 1) / 4.) ** 2) * (above > 0)
+    spray = .6 * smoothstep(.6 * fine + .8 * n, .5, 1.8)
+    spray = spray * np.exp(-((above - 1.2 * high) / 1.1) ** 2)
+    spray = spray * np.exp(-((gone - 1) / 4.) ** 2) * (above > 0)
     foam = np.clip(np.maximum.reduce([body, .8 * wake, .8 * spray]), 0, .93)
     light = np.clip(.22 + .62 * above / np.maximum(high, .5) + .2 * fine, 0, 1)
     light = np.maximum(light, spray)[..., None]
     colour = linear('75628a') * (1 - light) + linear('ffe0b8') * light
-    return lay(c, colour, foam)
+    return lay(c, colour, gaussian_filter(foam, .45 * dusk.scale))
+
+
+def image(layer, level, x, y, ripple, scale):
+    """A layer turned over below the waterline `level`, drawn out and broken by the waves."""
+    down = np.clip(y - level, 0, None)
+    row = (level - .5 - down * 1.15 + (.6 + .03 * down) * ripple) * scale
+    column = (x + ripple * (.7 + .07 * down)) * scale
+    return np.stack([map_coordinates(layer[..., i], [row, column], order=1)
+                     for i in range(layer.shape[2])], -1) * (y > level)[..., None]
+
+
+def mirror(c, dusk, pose, sea, ship, seed):
+    """The ship's image in the water before her; it fades where the sea gets rough and near."""
+    x, y, _, _ = profile(pose, sea)
+    level = across(dusk.x, x, y)
+    ripple = .7 * dusk.noise(seed, 1.1, sx=5.) + .5 * dusk.noise(seed + 1, 1.5, sx=3.)
+    seen = image(ship, level, dusk.x, dusk.y, ripple, dusk.scale)
+    strength = .58 * np.clip(1 - (dusk.y - level) / 58, 0, 1) ** 1.1
+    strength = strength * np.clip(.85 + .3 * ripple, .3, 1)
+    seen = seen * strength[..., None]
+    return c * (1 - seen[..., 3:]) + seen[..., :3] * .62

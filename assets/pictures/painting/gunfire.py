@@ -15,7 +15,7 @@ from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # From stern to bow; none has not fired.
-AGES = {'First': (None, .06, None, .7, None, .18, None, 1.4, None, .09, None, 2.6),
+AGES = {'First': (None, None, .10, None, None, .18, None, 1.4, None, .09, None, 2.6),
         'Second': (4., .20, None, 2.4, .08, None, 1.2, None, .15, None, .05, None)}
 DIP = np.array([-.12, -.30, 0])     # the flames' heavy end sinks towards the water
 FLASH = .3          # seconds that one lasts
@@ -44,12 +44,12 @@ def puffs(pose):
 def bank(pose, reach, rise, strength):
     """Smoke of earlier broadsides, which lies to leeward of her."""
     out = []
-    for s in np.linspace(0, 1, 9):
+    for s in np.linspace(0, 1, 15):
         at = np.array(pose.spot) + BLOW * (reach[0] + (reach[1] - reach[0]) * s)
         at = at + (0, 2.5 + rise * s ** .8 + 1.2 * np.sin(9 * s), 12)
         (x, y), = VIEW.project(at[None])
-        out.append((x, y, (3.2 + 3.2 * s + .8 * np.sin(7 * s)) * VIEW.focus / at[2],
-                    strength * (1 - .75 * s)))
+        out.append((x, y, (3. + 4.2 * s + .9 * np.sin(11 * s)) * VIEW.focus / at[2],
+                    .7 * strength * (1 - .75 * s)))
     return out
 
 
@@ -96,12 +96,13 @@ def flashes(pose):
 def tongues(dusk, pose):
     """Light of the flames, to be added: each a ragged tongue outwards from its port."""
     light = np.zeros(dusk.x.shape + (3,))
-    rough = fbm(*dusk.x.shape, 71, 1.1, size=2048)
+    rough = fbm(*dusk.x.shape, 71, 1.45, size=2048)
     for k, (muzzle, aim, age) in enumerate(guns(pose)):
         if age > FLASH:
             continue
         strength = 1 - (age / FLASH) ** 2 * .8
-        start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * 6.5 * (.55 + .45 * strength)]))
+        reach = 6.5 * (.55 + .45 * strength)
+        start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * reach]))
         along = end - start
         # One that points at the eye is seen short, but never as a mere dot.
         length = max(np.hypot(*along), 8 * strength + 3)
@@ -113,9 +114,10 @@ def tongues(dusk, pose):
         wide = wide * np.clip(1 + .45 * rough + .3 * np.sin(17 * u + 3 * k), .4, 2)
         flame = np.exp(-(v / wide) ** 2) * smoothstep(u, -.12, .04)
         flame = flame * np.clip(1.15 - u + .22 * rough, 0, 1) ** .8
-        away = np.hypot(dusk.x - start[0] - along[0] * .3, dusk.y - start[1] - along[1] * .3)
+        middle = start + .3 * along
+        away = np.hypot(dusk.x - middle[0], dusk.y - middle[1])
         light += (2.2 * strength * flame ** 2)[..., None] * linear('ffe9a8')
         light += (.9 * strength * flame ** .9)[..., None] * linear('ff8a2c')
-        light += (.16 * strength * np.exp(-away / 8) + .04 * np.exp(-away / 26))[..., None] \
-            * linear('ff8434')
+        halo = .16 * strength * np.exp(-away / 8) + .04 * np.exp(-away / 26)
+        light += halo[..., None] * linear('ff8434')
     return light

@@ -78,6 +78,7 @@ def compose(work):
         colour = ship[..., :3] / np.maximum(ship[..., 3:], 1e-4)
         far = .10 if pose is FIRST else .04
         c = lay(c, lay(colour, linear('d88a62') * .8, np.full(cover.shape, far)), cover)
+        c = foam.mirror(c, dusk, pose, sea, np.dstack([ship[..., :3], cover]), seed + 20)
         c = foam.waterline(c, dusk, pose, sea, seed + 10)
         c = gunfire.smoke(c, dusk, *part, gunfire.puffs(pose), seed + 3, None, near)
         light = light + gunfire.tongues(dusk, pose)
@@ -96,5 +97,5 @@ def make(work):
     o = paint(dusk.grade(c), ships)
     o = linear_to_srgb(reduce(srgb_to_linear(o), SCALE))
     grain = Dusk(W, H, 1).noise(5, .6)[..., None]
-    o = np.clip(o * (1 + .016 * grain), 0, 1)
+    o = np.clip(o * (1 + .011 * grain), 0, 1)
     return to_solid(Image.fromarray((o * 255 + .5).astype('uint8')))

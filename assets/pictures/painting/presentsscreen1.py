@@ -7,7 +7,7 @@ To change: MOON, SHIP, HORIZON and WATER are the layout; `water` and `foam` the 
 from pathlib import Path
 
 import numpy as np
-from scipy.ndimage import gaussian_filter, map_coordinates
+from scipy.ndimage import gaussian_filter
 
 from common import povray
 from common.canvas import Canvas, blend
@@ -17,6 +17,7 @@ from common.raster import layer, over, read_layer, reduce, to_opaque
 from common.relief import metal
 from painting import dress, vessel
 from painting.camera import Pose, View
+from painting.foam import image
 from painting.sea import Sea
 
 HERE = Path(__file__).resolve().parent
@@ -76,13 +77,11 @@ def water(picture, ship):
 
 
 def shade(ship):
-    """Her dark image in the water, drawn out and broken by the waves."""
+    """Her dark image in the water."""
     y, x = (np.mgrid[0:H * SCALE, 0:W * SCALE] + .5) / SCALE
-    down = np.clip(y - WATER, 0, None)
     ripple = fbm(H * SCALE, W * SCALE, 41, 1.1, sx=5.)
-    source = [(WATER - 1 - down * 1.2 + ripple) * SCALE, (x + ripple * (.8 + .09 * down)) * SCALE]
-    image = map_coordinates(ship[..., 3], source, order=1)
-    return .75 * image * np.clip(1 - down / 110, 0, 1) * (y > WATER)
+    cover = image(ship[..., 3:], np.float64(WATER), x, y, ripple, SCALE)[..., 0]
+    return .75 * cover * np.clip(1 - (y - WATER) / 110, 0, 1)
 
 
 def with_ship(picture, work):

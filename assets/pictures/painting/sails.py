@@ -8,7 +8,7 @@ import numpy as np
 
 # Per mast: where it stands, its truck, and per yard height, half length; the lowest first.
 YARDS = {
-    'fore': (12.5, 48.5, ((20.5, 12.2), (32.6, 9.6), (41.2, 6.7), (46.4, 4.6))),
+    'fore': (12.5, 48.5, ((20.5, 11.5), (32.6, 9.6), (41.2, 6.7), (46.4, 4.6))),
     'main': (-3.2, 53., ((21.5, 13.4), (35.2, 10.6), (44.8, 7.4), (50.6, 5.1))),
     'mizzen': (-16., 41.5, ((19.5, 9.0), (28.8, 7.2), (36., 4.8))),
 }
@@ -82,12 +82,11 @@ def square(ship, name, k, wind):
     width = head + (spread - head) * b - .35 * np.sin(np.pi * b)
     y = height - .25 - b * (drop - .25) + arch * (1 - a * a) * b ** 4
     depth = .46 * drop ** .55 * spread ** .45 * belly(a, b) + .42 * creases(a, b, seed)
-    line = across[:2][0] * (1 - b) + below[0] * b, across[2] * (1 - b) + below[2] * b
-    push = ahead[0] * (1 - b) + ahead_below[0] * b, ahead[2] * (1 - b) + ahead_below[2] * b
-    x0 = YARDS[name][0] - RAKE[name] * y
-    gap = .75
-    grid = np.stack([x0 + line[0] * a * width + push[0] * (depth + gap), y,
-                     line[1] * a * width + push[1] * (depth + gap)], -1)
+    # The yard below is braced a little less, which twists the sail.
+    b3 = b[..., None]
+    line, push = across * (1 - b3) + below * b3, ahead * (1 - b3) + ahead_below * b3
+    mast = np.stack([YARDS[name][0] - RAKE[name] * y, y, 0 * y], -1)
+    grid = mast + line * (a * width)[..., None] + push * (depth + .75)[..., None]
     ship.sheet(grid, 'T_Course' if k == 0 else 'T_Topsail')
     ship.path(grid[-1], .07, 'T_Rope')
     for edge in (grid[:, 0], grid[:, -1]):
@@ -105,18 +104,17 @@ def three_sided(ship, tack, head, clew, wind, depth):
     lee = np.array([.25, 0, wind.side])
     grid = grid + lee * (depth * camber)[..., None]
     # The foot hangs in a curve below the straight line from tack to clew.
-    grid[..., 1] -= .9 * np.sin(np.pi * b) * a ** 4
+    grid[..., 1] -= .4 * np.sin(np.pi * b) * a ** 4
     ship.sheet(grid, 'T_Jib')
     for edge in (grid[:, 0], grid[:, -1], grid[-1]):
         ship.path(edge[::2], .06, 'T_Rope')
-    ship.rod(grid[-1, -1], (13.5, 9.4, wind.side * 4.6), .05, 'T_Rope')
 
 
 def headsails(ship, wind):
     s = wind.side
-    three_sided(ship, (42.6, 19.9, 0), (14.4, 42., .2 * s), (27.4, 18.6, 2.8 * s), wind, 2.4)
-    three_sided(ship, (37., 17.3, 0), (14., 37.5, .2 * s), (23.8, 15., 3.4 * s), wind, 2.4)
-    three_sided(ship, (31.4, 14.6, 0), (13.6, 29., .2 * s), (19.8, 12.2, 3.4 * s), wind, 1.9)
+    three_sided(ship, (42.4, 20.6, 0), (14.4, 42., .2 * s), (27.4, 18.6, 2.8 * s), wind, 2.4)
+    three_sided(ship, (36.9, 18.2, 0), (14., 37.5, .2 * s), (23.8, 15., 3.4 * s), wind, 2.4)
+    three_sided(ship, (31.4, 15.6, 0), (13.6, 29., .2 * s), (19.8, 12.2, 3.4 * s), wind, 1.9)
 
 
 def gaff_end(wind):
@@ -145,16 +143,16 @@ def flags(ship, wind):
     """Pennants at fore and mizzen, her owner's flag at the main truck."""
     pennant(ship, wind, mast_at('fore', 50.2), 8.5, 1.5)
     pennant(ship, wind, mast_at('mizzen', 43.2), 7., 1.3)
-    ensign(ship, wind, mast_at('main', 56.) + (.5, 0, 0), 8.6, 5.)
+    ensign(ship, wind, mast_at('main', 56.) + (.5, 0, 0), 6.8, 4.3)
 
 
 def ensign(ship, wind, hoist, length, height):
+    side = np.array([-wind.blow[2], 0, wind.blow[0]])
+    a = np.linspace(0, 1, 40)
     rows = []
     for b in np.linspace(0, 1, 14):
-        a = np.linspace(0, 1, 40)
         wave = .95 * np.sin(8.2 * a - .9 * b) * a ** .6
         sag = -1.5 * a ** 1.6 - .35 * np.sin(6 * a + b)
-        side = np.array([-wind.blow[2], 0, wind.blow[0]])
         rows.append(hoist + a[:, None] * length * wind.blow + wave[:, None] * side
                     + np.stack([0 * a, sag * length / 11.5 - height * b, 0 * a], 1))
     ship.sheet(rows, 'T_Ensign')

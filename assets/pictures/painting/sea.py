@@ -65,8 +65,8 @@ class Sea:
     def march(self):
         """Where the ray of every cell first meets the water."""
         limit = 4.2 * HEIGHT
-        near, far = (self.eye - limit) / -self.dy, np.minimum((self.eye + limit) / -self.dy, REACH * 1.3)
-        near = np.minimum(near, REACH)
+        near = np.minimum((self.eye - limit) / -self.dy, REACH)
+        far = np.minimum((self.eye + limit) / -self.dy, REACH * 1.3)
         self.z = far.copy()
         open_ = np.ones(self.dx.shape, bool)
         before = np.full(self.dx.shape, limit)
@@ -141,7 +141,7 @@ class Sea:
         crest = self.h / HEIGHT
         torn = self.sample(FOAM, self.x * 3.1, self.z * 3.1)
         steep = np.hypot(self.sx, self.sz)
-        cover = smoothstep(crest + 1.0 * (steep - .2) + .45 * torn, 2.75, 3.7)
+        cover = smoothstep(crest + 1.0 * (steep - .2) + .45 * torn, 3.1, 4.2)
         cover = cover * np.clip(1.2 - self.z / 420, .0, 1)
         sunward = np.exp(-((self.dx - np.tan(SUN_AZIMUTH)) / .45) ** 2)[..., None]
         lit = linear('8d7a96') * .8 * (1 - sunward) + linear('ffd9a8') * .8 * sunward

@@ -5,7 +5,7 @@
 To change: GRADIENT, and the layers of cloud listed in `paint`.
 """
 import numpy as np
-from scipy.ndimage import gaussian_filter, map_coordinates
+from scipy.ndimage import map_coordinates
 
 from common.noise import fbm, smoothstep
 from common.palette import linear

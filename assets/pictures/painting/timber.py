@@ -7,7 +7,7 @@ To change: one function for each part; the paint of the sides is in dress.py.
 import numpy as np
 
 from painting.shape import (BOW, KEEL, PORT_LINE, PORTS, STERN, along, half, place, rail, sheer,
-                            smooth, stem)
+                            smooth)
 
 T = np.concatenate([np.linspace(0, .72, 90), .72 + .28 * np.sin(np.linspace(0, np.pi / 2, 40))[1:]])
 T = np.sort(np.concatenate([T, [.329, .331, .345, .347, .794, .797, .808, .812, .118, .132]]))
