@@ -261,3 +261,17 @@ def test_every_text_fits_the_display():
     font = ImageFont.truetype(str(DATA / 'papyrus.ttf'), 29)
     widths = {text: font.getlength(text) for text in texts_of_the_game()}
     assert max(widths.values()) <= 780
+
+
+def test_ship_of_the_night_picture_is_a_silhouette_before_the_moon():
+    red, green, blue = (pixels('presentsscreen1.png')[..., i] for i in range(3))
+    luma = .2126 * red + .7152 * green + .0722 * blue
+    moon = numpy.quantile(luma, .99)
+    rows, columns = numpy.nonzero(luma[:luma.shape[0] // 2] > .8 * moon)
+    middle, radius = (columns.min() + columns.max()) / 2, (columns.max() - columns.min()) / 2
+    y, x = numpy.mgrid[0:luma.shape[0], 0:luma.shape[1]]
+    disc = numpy.hypot(x - middle, y - rows.min() - radius) < .9 * radius
+    share = [((low * moon <= luma) & (luma < high * moon) & disc).sum() / disc.sum()
+             for low, high in ((0, .5), (.5, .8), (.8, 2))]
+    # Much dark ship, much bright moon, little between them but edges.
+    assert share[0] > .25 and share[1] < .08 and share[2] > .25, share
