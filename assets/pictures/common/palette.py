@@ -12,7 +12,7 @@ from common.light import srgb_to_linear
 SRGB = {
     # sea
     'sea_deep': '17527a', 'sea': '226c94', 'sea_light': '3f8fb2', 'glint': 'd6f0f5',
-    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'shadow': '04202f',
+    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'shadow': '04202f', 'drowned': '2f6a66',
     # land
     'sand': 'e2c48c', 'sand_wet': 'a98a5c', 'grass': '60793a', 'meadow': '7d8a48',
     'rock': '8a7c6b', 'rock_dark': '5b5047', 'rock_lit': 'c9bfae', 'moss': '7d8240',

@@ -2,14 +2,14 @@
 # SPDX-License-Identifier: MIT
 """From heights, ground colours and plants to the finished barrier in its surf.
 
-To change: `lagoon` and `surf` colour the water, `shoal` lays out its edge; how wide each is,
-every barrier says itself in its `make`.
+To change: `sandy_shallows` and `stony_shallows` colour the water, `fading` lays out its edge; how
+wide each is, every barrier says itself in its `make`.
 """
 from pathlib import Path
 
 import numpy as np
 from PIL import Image
-from scipy.ndimage import gaussian_filter
+from scipy.ndimage import distance_transform_edt, gaussian_filter
 
 from common import povray
 from common.noise import smoothstep
@@ -18,6 +18,8 @@ from common.raster import layer, over, read_layer, read_light, reduce, to_image
 from islands.terrain import CELLS, SEA_FLOOR
 
 HERE = Path(__file__).resolve().parent
+# The way the swell runs over the picture, as in sea/voda.py.
+SWELL = np.array([.62, .79])
 
 
 def write_inputs(g, plants, work):
@@ -39,16 +41,64 @@ def render(g, work):
     return read_layer(land, CELLS), read_light(cast)
 
 
-def shoal(g, corner, ragged):
-    """How far inside the shoal's edge a cell lies. The edge fills the barrier's rectangle up to
-    rounded corners, since a ship is stopped there, but wanders as the edge of a reef does.
+def weather_side(g):
+    """1 off shores on which the swell runs, 0 in their lee."""
+    gy, gx = np.gradient(gaussian_filter(g.offshore - g.inland, 4 * CELLS))
+    along = (gx * SWELL[0] + gy * SWELL[1]) / np.maximum(np.hypot(gx, gy), 1e-6)
+    return np.clip(.5 - .5 * along, 0, 1)
+
+
+def fading(g, corner, ragged, low, high):
+    """The water's own strength: it dies away inside the rectangle that stops a ship, here soon
+    and there late, so that no side of the rectangle shows. It is `corner` round at the corners,
+    begins up to `ragged` inside, and takes from `low` to `high` pixels.
     """
     qx, qy = np.abs(g.x) - (g.w / 2 - corner), np.abs(g.y) - (g.h / 2 - corner)
     outside = np.hypot(np.clip(qx, 0, None), np.clip(qy, 0, None))
     inside = corner - outside - np.minimum(np.maximum(qx, qy), 0)
-    bays = g.noise(1.5, 64, 14, 73) + .45 * g.noise(1.2, 14, 5, 74) + .22 * g.noise(1., 5, 2, 75)
-    # Only inwards: beyond the rectangle nothing can be drawn, so what stands out is cut straight.
-    return inside - ragged * np.clip(.55 + .55 * bays, 0, 2.2)
+    broad = g.noise(1.5, 60, 14, 73) + .5 * g.noise(1.2, 14, 5, 74)
+    fine = .5 * g.noise(1., 6, 2.5, 75)
+    shore = smoothstep(broad, -1.1, 1.3)
+    return smoothstep(inside - ragged * shore + fine, 0, low + (high - low) * shore)
+
+
+def beside_sand(g):
+    """1 on the water's edge of a sandbank, fading outwards."""
+    if not g.sandy.any():
+        return np.zeros(g.shape)
+    away = distance_transform_edt(~g.sandy) / CELLS + .8 * g.noise(1.2, 14, 4, 78)
+    return np.exp(-(np.clip(away, 0, None) / 5.5) ** 1.6)
+
+
+def shelf_water(g, shelf, front):
+    """Shallow water over stone: drowned stones show dark, the sand between them pale."""
+    depth = gaussian_filter(np.clip(-g.height, 0, None), .5 * CELLS)
+    broad = g.noise(1.3, 30, 5, 71)
+    d = g.offshore * (1 + .3 * broad) / shelf
+    colour = linear('lagoon') + (linear('lagoon_pale') - linear('lagoon')) * (
+        (.25 + .5 * front) * np.exp(-d ** 1.4))[..., None]
+    sand = beside_sand(g)
+    colour = colour + (linear('lagoon_pale') - colour) * .8 * sand[..., None]
+    stone = (1 - smoothstep(depth, .4, 3.2)) * (.75 + .12 * g.noise(1., 6, 1.5, 77)) * (1 - sand)
+    colour = colour + (linear('drowned') - colour) * stone[..., None]
+    clear = np.exp(-(np.clip(d - .2, 0, None) / 1.1) ** 1.6) * .85
+    return layer(colour, np.maximum(clear, .8 * stone))
+
+
+def lace(g):
+    """Foam as it lies on water, up to about 1: threads round holes."""
+    threads = 1 - np.abs(g.noise(1.1, 14, 4, 82)) / 1.1
+    return threads + .15 * g.noise(.8, 5, 1.5, 83)
+
+
+def breakers(g, surge, front):
+    """Foam: thick where the swell breaks, a thread in the lee."""
+    broad = g.noise(1.2, 22, 6, 81)
+    reach = surge * (.25 + .9 * front ** 1.5) * np.clip(1 + .5 * broad, .25, 2.2)
+    amount = np.exp(-(g.offshore / np.maximum(reach, .3)) ** 1.5) * (g.offshore > 0)
+    threads = lace(g)
+    foam = smoothstep(amount * 1.15 + .8 * (threads - .62), .25, 1.2)
+    return foam * (1 - .55 * beside_sand(g)) * np.clip(.62 + .36 * threads, .3, 1)
 
 
 def lagoon(g, reach, pale, wide, fine):
@@ -65,38 +115,40 @@ def lagoon(g, reach, pale, wide, fine):
     return layer(colour * mottled[..., None], np.clip(cover, 0, .96))
 
 
-def surf(g, breakers, wide, fine):
+def surf(g, lines, wide, fine):
     """Foam on the shore and in broken lines further out: (distance, width, amount) each."""
     d = g.offshore + 1.1 * wide + .5 * fine
     foam = np.exp(-(np.clip(d - .4, 0, None) / 1.5) ** 2) * np.clip(.86 + .18 * fine, 0, 1)
     foam = foam * (g.offshore > 0)
-    for at, width, amount, base in breakers:
+    for at, width, amount, base in lines:
         line = np.exp(-((d - at) / width) ** 2)
         foam = np.maximum(foam, line * np.clip(base + .5 * wide + .25 * fine, 0, 1) * amount)
     return np.clip(foam, 0, 1)
 
 
-def outer_surf(inside, fade, wide, fine):
-    """The swell breaking over the shoal's edge, in patches: it tells where a ship is stopped."""
-    line = np.exp(-((inside - .55 * fade + .5 * fine) / (.22 * fade)) ** 2)
-    return line * np.clip(.30 + .42 * wide + .30 * fine, 0, 1)
-
-
-def compose(g, land, light, corner, fade, ragged, reach, pale, breakers):
+def sandy_shallows(g, reach, pale, lines):
+    """The water round an island of sand."""
     wide, fine = g.noise(1.2, 22, 3, 71), g.noise(.9, 7, 1.2, 72)
-    inside = shoal(g, corner, ragged)
-    ramp = smoothstep(inside, 0, fade)
-    water = lagoon(g, reach, pale, wide, fine)
-    foam = np.maximum(surf(g, breakers, wide, fine), outer_surf(inside, fade, wide, fine))
-    water = over(layer(linear('foam'), foam * .95), water)
+    foam = surf(g, lines, wide, fine) * (.62 + .38 * weather_side(g))
+    return over(layer(linear('foam'), foam * .95), lagoon(g, reach, pale, wide, fine))
+
+
+def stony_shallows(g, shelf, surge):
+    """The water round naked rock."""
+    front = weather_side(g)
+    return over(layer(linear('foam'), breakers(g, surge, front) * .93),
+                shelf_water(g, shelf, front))
+
+
+def compose(g, land, light, water, edge):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
-    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .5), water)
-    return over(land, reduce(water * ramp[..., None], CELLS))
+    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .55), water)
+    return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
 
 
-def make(g, plants, work, **style):
+def make(g, plants, work, water, edge):
+    """The finished picture; `water` is one of the shallows above, `edge` is for `fading`."""
     write_inputs(g, plants, work)
-    land, light = render(g, work)
-    picture = compose(g, land, light, **style)
+    picture = compose(g, *render(g, work), water, edge)
     print('%s: %.0f %% solid' % (work.name, 100 * (picture[..., 3] > .5).mean()))
     return to_image(picture)

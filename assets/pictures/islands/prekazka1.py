@@ -70,7 +70,10 @@ def ground(g):
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
     c = srgb('sand') + .02 * broad[..., None] + .018 * spots
-    c = lerp(c, srgb('sand_wet') + .02 * spots, 1 - smoothstep(g.inland, .3, 2.2))
+    # The last wave's reach: wide in one place, nothing in the next, and hardly darker at its end.
+    reach = np.clip(1.1 + 1.5 * g.noise(1.4, 40, 8, 57), 0, 4.5)
+    wet = (1 - smoothstep(g.inland, .3 * reach, reach + .3)) * smoothstep(reach, .1, 1.4)
+    c = lerp(c, srgb('sand_wet') + .02 * spots, .55 * wet)
     green = smoothstep(g.inland + 2.6 * g.noise(1.3, 30, 4, 53), 6.5, 11)
     tint = broad[..., None] * np.array([.035, .03, .01])
     c = lerp(c, srgb('grass') + tint + .02 * spots, green)
@@ -133,5 +136,7 @@ def make(work):
     g = heights()
     g.colour = ground(g)
     plants = bushes(g) + palms(g) + settlement(g)
-    return barrier.make(g, plants, work, corner=36, fade=6, ragged=3.2, reach=17, pale=.7,
-                        breakers=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
+    water = barrier.sandy_shallows(
+        g, reach=17, pale=.7,
+        lines=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
+    return barrier.make(g, plants, work, water, edge=(36, 6., 4., 16.))

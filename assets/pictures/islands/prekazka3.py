@@ -1,30 +1,36 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Barrier kind 2: a single rock awash, 60 x 60.
+"""Barrier kind 2: a skerry of many stones awash, 60 x 60.
 
-To change: BOULDERS, and the numbers of the lagoon in `make`.
+Nine of a battle's thirteen barriers are this one picture. Deliberate: its stones are alike in size
+and colour, since the eye finds one striking stone again in every copy.
+
+To change: STONES, and the numbers of the water in `make`.
 """
 import numpy as np
 
 from islands import barrier
 from islands.terrain import Ground, bare_rock
 
-# x, y, radius, height of the boulders for a rock of 80 x 80, scaled to this one.
-BOULDERS = (
-    (-6, -5, 26, 38), (12, 9, 20, 27), (-15, 16, 17, 21), (17, -14, 17, 19),
-    (-24, -17, 12, 10), (21, 25, 10, 8), (-29, 22, 7, 5), (29, 1, 9, 9), (1, 30, 9, 8),
-    (25, -24, 8, 6), (-2, -31, 8, 6), (-32, 2, 7, 5))
-SHRINK = 60 / 80
+# x, y, radius, height of the stones, from the middle.
+STONES = (
+    (13, -16, 11, 16), (-1, -9, 12, 18), (-15, 3, 11, 15), (8, 2, 12, 17), (-5, 13, 12, 16),
+    (-19, 17, 9, 12), (21, -4, 9, 11), (8, 17, 9, 11), (23, -22, 5, 7), (-11, -22, 6, 8),
+    (-24, -9, 4, 6), (22, 12, 6, 8), (-8, 26, 4, 6), (17, 24, 4, 6))
+# The same for those that stay under water, darkening it where no stone stands.
+DROWNED = (
+    (19, -20, 11, 10), (-21, 17, 13, 10), (-23, -3, 9, 9), (22, 19, 12, 10), (15, -24, 9, 9),
+    (-20, -21, 10, 10), (-14, 25, 10, 9), (25, 3, 8, 8), (10, 26, 8, 7), (-2, -24, 9, 7))
+SEED = 11
 
 
 def heights():
-    g = Ground(60, 60, 38, 4)
-    h = np.maximum(g.height, 5 * (1 - g.outline(.47, .47, 3)) - 1.6)
-    for x, y, radius, top in BOULDERS:
-        stone = g.boulder(x * .95 * SHRINK, y * .95 * SHRINK, radius * .93 * SHRINK, top * .85)
-        h = np.maximum(h, stone - 1.8)
-    rough = .7 * g.noise(1.3, 18, 5, 31) + .22 * g.noise(1., 4, 1.5, 32) - .2
-    g.height = h + np.where(h > -1.5, rough, 0)
+    g = Ground(60, 60, 26, SEED)
+    drowned = np.minimum(g.pile(DROWNED, 7, 2.2), -.6)
+    h = g.pile(STONES, 6, 2.2)
+    broken, crack = g.facets(5.5, .16, 33)
+    rough = .5 * broken - .8 * crack + .2 * g.noise(1., 4, 1.5, 32)
+    g.height = np.maximum(drowned, h + np.where(h > -1.5, rough, 0))
     g.settle()
     return g
 
@@ -32,5 +38,5 @@ def heights():
 def make(work):
     g = heights()
     g.colour = bare_rock(g)
-    return barrier.make(g, [], work, corner=15, fade=3.2, ragged=1.2, reach=8, pale=.8,
-                        breakers=((3.8, .8, .8, .45),))
+    water = barrier.stony_shallows(g, shelf=12., surge=8.)
+    return barrier.make(g, [], work, water, edge=(14, 3.5, 2., 9.))

@@ -11,6 +11,7 @@ import math
 
 import numpy as np
 from scipy.ndimage import distance_transform_edt, gaussian_filter
+from scipy.spatial import cKDTree
 
 from common.noise import band, smoothstep
 from common.palette import rgb
@@ -29,7 +30,8 @@ class Ground:
         y, x = np.mgrid[0:self.shape[0], 0:self.shape[1]]
         self.x, self.y = (x + .5) / CELLS - w / 2, (y + .5) / CELLS - h / 2
         self.height = np.full(self.shape, -3.)
-        self.colour = None
+        self.colour, self.tint = None, np.zeros(self.shape)
+        self.sandy = np.zeros(self.shape, bool)
 
     def noise(self, slope, longest, shortest, seed):
         return band(self.shape, CELLS, slope, longest, shortest, seed)
@@ -45,6 +47,7 @@ class Ground:
     def settle(self):
         """Fix the heights and measure what depends on them."""
         self.height = gaussian_filter(self.height, .9)
+        self.tint = gaussian_filter(self.tint, .8)
         gy, gx = np.gradient(gaussian_filter(self.height, 2.))
         self.slope = np.hypot(gx, gy) * CELLS
         self.inland = distance_transform_edt(self.height > 0) / CELLS
@@ -55,6 +58,31 @@ class Ground:
         i = int(np.clip((y + self.h / 2) * CELLS, 0, self.shape[0] - 1))
         j = int(np.clip((x + self.w / 2) * CELLS, 0, self.shape[1] - 1))
         return self.height[i, j], self.inland[i, j], self.slope[i, j]
+
+    def facets(self, size, tilt, seed):
+        """Broken rock: cells of about this size, each a plane of its own tilt and level."""
+        r = np.random.RandomState(seed)
+        nx, ny = int(self.w / size) + 3, int(self.h / size) + 3
+        rows, columns = np.mgrid[0:ny, 0:nx]
+        spots = np.dstack([columns - 1, rows - 1]).reshape(-1, 2) + r.rand(nx * ny, 2)
+        spots = spots * size - (self.w / 2, self.h / 2)
+        places = np.dstack([self.x, self.y]).reshape(-1, 2)
+        near, cell = (a.reshape(self.shape + (2,)) for a in cKDTree(spots).query(places, 2))
+        slopes, levels = r.normal(size=(len(spots), 2)) * tilt, r.normal(size=len(spots))
+        own = cell[..., 0]
+        away = np.dstack([self.x, self.y]) - spots[own]
+        crack = np.exp(-((near[..., 1] - near[..., 0]) / .5) ** 2)
+        return (slopes[own] * away).sum(2) + levels[own] * size * .16, crack
+
+    def pile(self, stones, faces, sunk):
+        """Heights of stones (x, y, radius, height) lying on and beside each other; each has a
+        tint of its own."""
+        h = np.full(self.shape, -9.)
+        for x, y, radius, top in stones:
+            stone = self.boulder(x, y, radius, top, faces) - sunk
+            self.tint = np.where(stone > h, self.random.normal(), self.tint)
+            h = np.maximum(h, stone)
+        return h
 
     def boulder(self, cx, cy, radius, top, faces=7, squeeze=1.):
         """Heights of one boulder: the lowest of tilted planes round it and over it."""
@@ -83,15 +111,19 @@ def lerp(a, b, t):
 
 
 def bare_rock(g):
-    """Colours of naked rock: weed at the waterline, dark above it, lit tops, some moss."""
-    broad = g.noise(1.3, 40, 3, 51)
-    grain = g.noise(.8, 6, 1, 52)
+    """Colours of naked rock: weed at the waterline, wet and dark above it, dry and pale on top;
+    worn pale along its edges, dark in its clefts, lichen on some tops.
+    """
+    broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
-    c = srgb('rock') + broad[..., None] * .03 + spots * .045
-    c = lerp(c, srgb('rock_dark') + spots * .03, 1 - smoothstep(g.height + .6 * broad, 1.2, 3.2))
-    weed = .8 * (1 - smoothstep(g.height + .5 * broad, .3, 1.5))
+    dry = lerp(srgb('rock'), srgb('rock_lit'), .35 + .16 * broad)
+    dry = dry + g.tint[..., None] * np.array([.03, .022, .01]) + spots * .02
+    lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .4 * g.slope, .5, 1.3)
+    dry = lerp(dry, srgb('moss') * .95, .38 * lichen * smoothstep(g.height, 4, 7))
+    wet = srgb('rock_dark') + .4 * g.tint[..., None] * .05 + spots * .02
+    c = lerp(wet, dry, smoothstep(g.height + .7 * broad + .25 * grain, 1.2, 4.2))
+    weed = .8 * (1 - smoothstep(g.height + .5 * broad, .2, 1.4))
     c = lerp(c, srgb('weed') + .02 * spots, weed)
-    c = lerp(c, srgb('rock_lit'), .62 * smoothstep(g.height + 2 * broad, 12, 20))
-    moss = smoothstep(g.noise(1.4, 30, 4, 55) - g.slope * .5, .2, 1.)
-    moss = .75 * moss * smoothstep(g.height, 5, 8)
-    return lerp(c, srgb('moss') + .03 * spots, moss)
+    # Heights above the mean of what lies around: worn edges and clefts.
+    out = (g.height - gaussian_filter(g.height, 1.6 * CELLS)) / 2.2
+    return c * (1 + .42 * np.clip(out, -1.15, .8))[..., None]
