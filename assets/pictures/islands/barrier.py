@@ -142,7 +142,7 @@ def stony_shallows(g, shelf, surge):
 
 def compose(g, land, light, water, edge):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
-    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .55), water)
+    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .68), water)
     return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
 
 

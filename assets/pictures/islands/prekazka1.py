@@ -127,7 +127,7 @@ def settlement(g):
         out.append('object{Hut scale %.2f rotate y*%d translate <%.2f,%.2f,%.2f>}' % (
             size, turn, x + dx, g.at(x + dx, y + dy)[0], -y - dy))
     out.append('object{Jetty translate <%.2f,0,%.2f>}' % (JETTY[0], -JETTY[1]))
-    out.append('object{Boat rotate y*75 translate <%.2f,1.0,%.2f>}' % (
+    out.append('object{Boat rotate y*75 translate <%.2f,2.8,%.2f>}' % (
         JETTY[0] - 9, -JETTY[1] - 12))
     return out
 
