@@ -35,6 +35,7 @@ LETTER_KERNING, SIGN_KERNING = 0.74, 0.3
 CAPITALS_APART = 0.6 * spacing.PIXEL
 # The old kern table's length is a 16-bit number of bytes, 6 a pair.
 MOST_KERNS = 10900
+ASCENDERS = ('b', 'd', 'h', 'k', 'l', 'thorn')
 KERNED_SIGNS = ('period comma colon semicolon exclam question quotesingle quotedbl hyphen slash '
                 'parenleft parenright bracketleft bracketright').split()
 
@@ -194,6 +195,11 @@ def unwritten(first, second):
     return kinds == ('Ll', 'Lu') or all(signs) or 'Nd' in kinds and not any(signs)
 
 
+def least_gap(first, second):
+    meet = category(first) == 'Lu' and second in ASCENDERS
+    return spacing.NEAREST_ASCENDER if meet else spacing.NEAREST
+
+
 def class_kerns(pairs, bases):
     meant, table = {}, {}
     for a in bases:
@@ -206,7 +212,8 @@ def class_kerns(pairs, bases):
                 meant[rhythm] = pairs.meant(*rhythm, zone)
             strength = LETTER_KERNING if side(a) and side(b) else SIGN_KERNING
             apart = CAPITALS_APART if category(a) == category(b) == 'Lu' else 0
-            table[a, b] = pairs.kern(a, b, zone, meant[rhythm], strength, apart)
+            nearest = least_gap(a, b)
+            table[a, b] = pairs.kern(a, b, zone, meant[rhythm], strength, apart, nearest)
     return table
 
 
@@ -221,7 +228,7 @@ def kern(font, composed):
     count = 0
     for a in base:
         for b in base:
-            value = pairs.clear(a, b, table.get((base[a], base[b]), 0))
+            value = pairs.clear(a, b, table.get((base[a], base[b]), 0), least_gap(a, b))
             if value:
                 font[a].addPosSub('kern pairs', b, value)
                 count += 1

@@ -25,6 +25,8 @@ WHITE = 202
 CAPITAL_WHITE = 244
 # Ink of neighbours comes no nearer than this.
 NEAREST = 58
+# A capital's arm and an ascender meet at one height, where a blunt end looks like a joint.
+NEAREST_ASCENDER = 80
 # Smaller faults are left alone: a kern of one whole pixel would overshoot them.
 TOLERANCE = 0.55 * PIXEL
 FIXED_WHITE = 120
@@ -99,9 +101,9 @@ class Pairs:
         """The white that straight and round letters, spaced by their bearings alone, have."""
         return np.mean([self.white(a, b, zone) for a in firsts for b in seconds])
 
-    def kern(self, first, second, zone, meant, strength, apart):
+    def kern(self, first, second, zone, meant, strength, apart, nearest=NEAREST):
         wanted = (meant - self.white(first, second, zone)) * strength + apart
-        return self.clear(first, second, wanted if abs(wanted) > TOLERANCE else 0)
+        return self.clear(first, second, wanted if abs(wanted) > TOLERANCE else 0, nearest)
 
     def nearest(self, first, second):
         """Least horizontal distance, each scan line against its two neighbours as well."""
@@ -111,10 +113,10 @@ class Pairs:
         return min(np.min(outer + inner), np.min(outer[1:] + inner[:-1]),
                    np.min(outer[:-1] + inner[1:]))
 
-    def clear(self, first, second, wanted):
+    def clear(self, first, second, wanted, nearest=NEAREST):
         """The wanted kern in whole pixels, never so tight that the letters touch."""
         room = self.nearest(first, second)
-        kern = round(max(wanted, NEAREST - room) / PIXEL) * PIXEL
-        if room + kern < NEAREST / 2:
+        kern = round(max(wanted, nearest - room) / PIXEL) * PIXEL
+        if room + kern < nearest / 2:
             kern += PIXEL
         return int(kern)
