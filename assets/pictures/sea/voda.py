@@ -18,6 +18,7 @@ CELLS = 3           # cells a pixel
 SEED = 21           # chosen by eye from 5 x 5 tiles with ships on top
 WIND = np.radians(52)
 CHOP = 11           # how far crests are pushed together
+STRIKING = 92       # per cent of the sea with crests no brighter than the brightest may be
 
 
 def swell():
@@ -50,13 +51,22 @@ def colour(h):
     sunward = .6 * (gx + gy)
     sunward = sunward / sunward.std()
     level = (h - h.mean()) / h.std()
-    t = np.clip(.47 + .165 * sunward + .085 * level, 0, 1)[..., None]
+    t = np.clip(.485 + .14 * sunward + .072 * level, 0, 1)[..., None]
     deep, mid, lit = linear('sea_deep'), linear('sea'), linear('sea_light')
     c = np.where(t < .5, deep + (mid - deep) * t * 2, mid + (lit - mid) * (t * 2 - 1))
     glint = np.clip((sunward - 1.6) / 1.6, 0, 1) ** 1.5 * np.clip(level + .6, 0, 1)
-    c = c + (linear('glint') - c) * .30 * glint[..., None]
     white = np.clip((crests(h) - 2.6) / 2.4, 0, 1) * np.clip(level - .5, 0, 1) * .36
-    return c + (linear('foam') - c) * white[..., None]
+    even = evenness(.30 * glint + white)
+    c = c + (linear('glint') - c) * (.30 * glint * even)[..., None]
+    return c + (linear('foam') - c) * (white * even)[..., None]
+
+
+def evenness(light):
+    """Less than 1 where crests are brighter than most: the tile lies more than once in a view, and
+    the eye would find a striking crest again.
+    """
+    around = gaussian_filter(light, CELLS * 5, mode='wrap')
+    return np.minimum(1, np.percentile(around, STRIKING) / np.maximum(around, 1e-6))
 
 
 def make(_work):
