@@ -139,4 +139,4 @@ def make(work):
     water = barrier.sandy_shallows(
         g, reach=17, pale=.7,
         lines=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
-    return barrier.make(g, plants, work, water, edge=(36, 6., 4., 16.))
+    return barrier.make(g, plants, work, water, edge=(36, 5., 4., 14.))
