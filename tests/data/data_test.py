@@ -116,13 +116,48 @@ def test_every_button_row_holds_a_plate_and_the_highlight_differs():
         assert numpy.abs(normal - highlighted).mean() > 8
 
 
-@pytest.mark.parametrize('name, left', [('bar1.png', 0), ('bar2.png', 4)])
-def test_panel_carries_a_full_red_bar(name, left):
+@pytest.mark.parametrize('name, left, colour', [('bar1.png', 0, 0), ('bar2.png', 4, 2)])
+def test_panel_carries_a_full_bar_in_its_players_colour(name, left, colour):
     bar = pixels(name)[78:, left:left + 396]
-    # Red everywhere but on the rims and notches, up to both ends.
-    red = bar[..., 0] > 1.8 * numpy.maximum(bar[..., 1], bar[..., 2])
-    assert red.mean() > 0.8
-    assert red[:, :8].mean() > 0.5 and red[:, -8:].mean() > 0.5
+    # Red or blue everywhere but on the rims and wires, up to both ends.
+    others = numpy.delete(bar[..., :3], colour, axis=2).max(axis=2)
+    own = bar[..., colour] > 1.4 * others
+    assert own.mean() > 0.8
+    assert own[:, :8].mean() > 0.5 and own[:, -8:].mean() > 0.5
+
+
+@pytest.mark.parametrize('name, left', [('bar1.png', 396), ('bar2.png', 0)])
+def test_gap_beside_a_bar_is_as_black_as_lost_hit_points(name, left):
+    assert not pixels(name)[78:, left:left + 4, :3].any()
+
+
+@pytest.mark.parametrize('name, left', [('bar1.png', 0), ('bar2.png', 4)])
+def test_bar_stands_out_from_lost_hit_points_for_every_eye(name, left):
+    bar = pixels(name)[78:, left:left + 396, :3]
+    assert luminance(bar.mean((0, 1))) > 0.05
+
+
+@pytest.mark.parametrize('name', ['bar1.png', 'bar2.png'])
+def test_pointer_marks_the_middle_of_the_view(name):
+    strip = lightness(pixels(name)[5:11])
+    pointer, beside = strip[:, 196:204], strip[:, [*range(170, 186), *range(214, 230)]]
+    assert pointer.mean() > beside.mean() + 60
+
+
+def test_dial_glass_is_not_taken_for_a_filled_part():
+    empty = lightness(pixels('kruh.png')[0:69, 0:69])
+    y, x = numpy.mgrid[-34:35, -34:35]
+    face = (numpy.hypot(x, y) > 12) & (numpy.hypot(x, y) < 22)
+    quarters = [empty[face & (x * i > 0) & (y * j > 0)].mean() for i in (-1, 1) for j in (-1, 1)]
+    assert max(quarters) - min(quarters) < 15
+
+
+def test_compass_rose_goes_round():
+    chart = lightness(pixels('menu.png')[90 - 18:90 + 18, 148 - 18:148 + 18])
+    alike = [numpy.corrcoef(chart.ravel(), numpy.rot90(chart, turns).ravel())[0, 1]
+             for turns in (1, 2, 3)]
+    mirrored = numpy.corrcoef(chart.ravel(), chart[:, ::-1].ravel())[0, 1]
+    assert min(alike) > 0.6 > mirrored
 
 
 def test_water_covers_the_whole_sea_without_a_seam():
@@ -198,17 +233,54 @@ def test_alpha_is_none_or_all_where_nobody_could_tell(name):
     assert not ((alpha >= 251) & (alpha < 255)).any()
 
 
-@pytest.mark.parametrize('name', ['prekazka1.png', 'prekazka2.png', 'prekazka3.png'])
-def test_barriers_edge_wanders_close_to_its_rectangle(name):
-    solid = pixels(name)[..., 3] > 127
+def test_no_crest_of_the_sea_is_striking():
+    # The tile lies more than once in a view, where the eye finds a bright crest again.
+    sea = lightness(pixels('voda.png'))
+    wide = numpy.pad(sea, ((0, 8), (0, 8)), mode='wrap').cumsum(0).cumsum(1)
+    wide = numpy.pad(wide, ((1, 0), (1, 0)))
+    around = (wide[9:, 9:] - wide[9:, :-9] - wide[:-9, 9:] + wide[:-9, :-9]) / 81
+    assert around.max() < sea.mean() + 32
+    assert around.max() < numpy.percentile(around, 99) + 10
+
+
+def rims(solid):
+    """How far inside each side of the rectangle the picture begins, without the corners."""
     for side in (solid, solid[::-1], solid.T, solid.T[::-1]):
-        away = side.argmax(axis=0)
-        away = away[len(away) // 4:-(len(away) // 4)]
-        # Not cut straight, but no ship is stopped where the water looks open either.
-        assert away.std() > 0.3 and away.mean() < 8
+        away = numpy.where(side.any(axis=0), side.argmax(axis=0), len(side))
+        yield away[len(away) // 8:-(len(away) // 8)]
 
 
-@pytest.mark.parametrize('name', ['prekazka1.png', 'prekazka2.png', 'prekazka3.png'])
+BARRIERS = ['prekazka1.png', 'prekazka2.png', 'prekazka3.png']
+
+
+@pytest.mark.parametrize('name', BARRIERS)
+def test_barrier_does_not_show_its_rectangle(name):
+    wander = [numpy.subtract(*numpy.percentile(rim, (95, 5)))
+              for rim in rims(pixels(name)[..., 3] > 127)]
+    # In pixels; three sides are enough to break the rectangle.
+    assert sorted(wander)[1] >= 6
+
+
+@pytest.mark.parametrize('name', ['prekazka2.png', 'prekazka3.png'])
+def test_no_bright_ring_runs_along_the_rim_of_stones(name):
+    barrier, sea = pixels(name), pixels('voda.png')[..., :3].mean((0, 1))
+    body = without_holes(barrier[..., 3] > 127)
+    inner = body
+    for _ in range(3):
+        beside = neighbours(inner, False)
+        inner = inner & beside[0, 1] & beside[1, 0] & beside[1, 2] & beside[2, 1]
+    cover = barrier[..., 3:] / 255
+    seen = lightness(barrier[..., :3] * cover + sea * (1 - cover))
+    assert (seen > lightness(sea) + 25)[body & ~inner].mean() < 0.7
+
+
+@pytest.mark.parametrize('name', BARRIERS)
+def test_no_ship_is_stopped_where_the_water_looks_open(name):
+    for rim in rims(pixels(name)[..., 3] > 127):
+        assert rim[len(rim) // 8:-(len(rim) // 8)].mean() < 8
+
+
+@pytest.mark.parametrize('name', BARRIERS)
 def test_barrier_fills_its_rectangle(name):
     alpha = pixels(name)[..., 3] > 40
     for edge in (alpha[:4], alpha[-4:], alpha[:, :4], alpha[:, -4:]):
