@@ -22,7 +22,8 @@ SRGB = {
     'rail': 'cc8538', 'hull': '33190f', 'stripe': 'cc9433', 'bulwark': '942619',
     'gun': '171719', 'pennant': 'cc1f17', 'tar': '150b06',
     # panels
-    'ink': '3e1e0c', 'hp_dark': 'aa2018', 'hp_light': 'd64e34', 'night': '050304',
+    'ink': '3e1e0c', 'hp_dark': '8e140f', 'hp_light': 'd8402c', 'hp2_dark': '123a80',
+    'hp2_light': '3f83d8', 'night': '050304',
     'crimson': '8c1a18', 'navy': '1d3f78', 'silver': 'e6edf2', 'ready': '9fe8a0',
     # dusk
     'dusk0': 'ffcf7a', 'dusk1': 'f08a4e', 'dusk2': 'c9615a', 'dusk3': '83486b',

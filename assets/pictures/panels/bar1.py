@@ -11,4 +11,5 @@ from panels.plate import panel
 
 def make(_work):
     return to_solid(
-        panel(40, 0, 308, (15, 298), 'crimson', (15, 72, shield, sun), 'Player 1'))
+        panel(40, 0, 308, (15, 298), 'crimson', ('hp_light', 'hp_dark'),
+              (15, 72, shield, sun), 'Player 1'))

@@ -11,4 +11,5 @@ from panels.plate import panel
 
 def make(_work):
     return to_solid(
-        panel(60, 4, 312, (17, 300), 'navy', (243, 300, roundel, moon), 'Player 2'))
+        panel(60, 4, 312, (17, 300), 'navy', ('hp2_light', 'hp2_dark'),
+              (243, 300, roundel, moon), 'Player 2'))

@@ -57,7 +57,7 @@ def medal(c):
     """Height of the whole medal in cells."""
     r = c.radius(X, Y)
     s = c.scale
-    star, ridge = rose(c, X, Y, 108)
+    star, ridge, _, _ = rose(c, X, Y, 108)
     height = 2.5 * s * smoothstep(r, 106, 112) + np.where(star > 0, ridge * .28, 0)
     for radius, width in ((RADIUS - 5, 10), (112, 4), (117, 1.6)):
         height = np.maximum(height, c.bevel(ring(c, X, Y, radius, width), width / 2) * 1.5 + 1)

@@ -8,22 +8,28 @@ import numpy as np
 
 
 def rose(canvas, x, y, radius):
-    """Compass rose of sixteen points: (mask, height in cells)."""
+    """Compass rose of sixteen points: (mask, height in cells, dark halves, edges of the arms).
+
+    Every arm's clockwise half is the dark one.
+    """
     dx, dy = canvas.x - x, canvas.y - y
     r, angle = np.hypot(dx, dy), np.arctan2(dx, -dy)
-    height, mask = np.zeros(canvas.shape), np.zeros(canvas.shape, bool)
+    height = np.zeros(canvas.shape)
+    mask, dark, edges = (np.zeros(canvas.shape, bool) for _ in range(3))
     for points, reach, turn, width in ((8, .62, np.pi / 8, .10), (4, .80, np.pi / 4, .16),
                                        (4, 1., 0., .22)):
         length, step = radius * reach, 2 * np.pi / points
-        a = np.abs((angle - turn + step / 2) % step - step / 2)
-        along, across = r * np.cos(a), r * np.sin(a)
+        off = (angle - turn + step / 2) % step - step / 2
+        along, across = r * np.cos(off), r * np.abs(np.sin(off))
         half = width * length
-        taper = np.where(along < half, along / half, (length - along) / (length - half))
-        inside = (across < half * np.clip(taper, 0, 1)) & (along < length)
-        ridge = (half * np.clip(taper, 0, 1) - across) * .8 + reach * 3
-        height = np.where(inside, ridge * canvas.scale, height)
+        taper = np.clip(np.where(along < half, along / half, (length - along) / (length - half)),
+                        0, 1)
+        inside = (across < half * taper) & (along < length)
+        height = np.where(inside, ((half * taper - across) * .8 + reach * 3) * canvas.scale, height)
+        dark = np.where(inside, off > 0, dark)
+        edges = np.where(inside, half * taper - across < .7, edges)
         mask |= inside
-    return mask.astype(float), height
+    return mask.astype(float), height, dark, edges
 
 
 def ring(canvas, x, y, radius, width):

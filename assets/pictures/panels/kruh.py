@@ -68,6 +68,12 @@ def loaded_face(c, r, angle):
     return blend(face, white, star)
 
 
+def glazed(c, dial):
+    """A weak gleam over all of the dial alike: it must never be taken for a part that is filled."""
+    gleam = np.exp(-((c.x - 25) / 17) ** 2 - ((c.y - 19) / 12) ** 2)[..., None]
+    return dial * (1 + .22 * gleam) + .006 * gleam
+
+
 def frame(c, k):
     r = c.radius(MIDDLE, MIDDLE)
     angle = np.degrees(np.arctan2(c.x - MIDDLE, MIDDLE - c.y)) % 360
@@ -76,9 +82,7 @@ def frame(c, k):
     face = face * (1 - .65 * np.clip((11.6 - r) / 1.2, 0, 1))[..., None]
     face = blend(face, ball, cover)
     face = face * (.55 + .45 * np.clip((FACE - r) / (5 if k < LOADED else 2.5), 0, 1))[..., None]
-    glass = np.clip(1 - np.hypot((c.x - 27) / 20, (c.y - 20) / 13), 0, 1) * .12
-    face = face + (glass * (r < 27.5))[..., None]
-    return blend(bezel(c, r), face, c.soft(FACE - r))
+    return glazed(c, blend(bezel(c, r), face, c.soft(FACE - r)))
 
 
 def keyed(c, colour):

@@ -36,10 +36,9 @@ def hand(c, mask, seed):
 
 
 def drawing(c, inside):
-    star, height = rose(c, *ROSE, 39)
-    dark_half = star * (np.gradient(height)[1] + np.gradient(height)[0] > 0)
-    outline = star - (c.inside(star) > .8)
-    ink = np.maximum(chart_lines(c, inside), np.maximum(dark_half * .85, outline * .9))
+    star, _, dark_half, edges = rose(c, *ROSE, 39)
+    ink = np.maximum(chart_lines(c, inside) * (1 - star), dark_half * .85)
+    ink = np.maximum(ink, edges * .9)
     bare = 1 - star
     for r, w in ((28, 1.1), (31, .7)):
         ink = np.maximum(ink, ring(c, *ROSE, r, w) * bare * .8)

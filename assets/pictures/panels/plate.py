@@ -19,22 +19,48 @@ DIAL_TOP, DIAL_RADIUS = 8, 34.5
 HIT_POINTS, HIT = 50, 5
 
 
-def hit_point_bar(c, surface, left):
-    """The full bar. The game blackens what is lost in steps of one hit, which notches show."""
+def hit_point_bar(c, surface, left, colours):
+    """The full bar: enamel between brass wires. The game blackens it from the right in steps of
+    one hit, which the wires show; a wire ends what is left.
+    """
     x, y = c.x - left, c.y - BAR_TOP
     t = y / (H - BAR_TOP)
-    light = linear('hp_light') + (linear('hp_dark') - linear('hp_light')) * np.clip(
-        (t - .30) / .25, 0, 1)[..., None]
-    gleam = np.exp(-((t - .20) / .09) ** 2) * .22
-    light = light * (1 - .45 * np.clip((t - .72) / .28, 0, 1))[..., None]
-    light = light + gleam[..., None] * linear('ffe0c8')
-    for hits in range(1, HIT_POINTS // HIT):
-        end = int(hits * HIT * BAR_LENGTH / HIT_POINTS)
-        light = light * (1 - .55 * (np.abs(x - end + .5) < .5))[..., None]
-        light = light * (1 + .25 * (np.abs(x - end - .5) < .5))[..., None]
+    light, dark = (linear(colour) for colour in colours)
     rim = np.minimum.reduce([x, BAR_LENGTH - x, y, H - BAR_TOP - y])
-    light = light * (1 - .6 * (rim < 1))[..., None]
-    return blend(surface, light, (x > 0) & (x < BAR_LENGTH) & (y > 0))
+    wire = np.minimum.reduce([np.abs(x - end + 1) for end in hit_ends()])
+    # Enamel lies a little deeper and darker along the metal, and mottled as it was fired.
+    pool = np.clip(np.minimum(rim - 1, wire - .6) / 4.5, 0, 1) ** .7
+    mottled = .5 + .11 * fbm(*c.shape, 41, 1.5) + .06 * fbm(*c.shape, 42, .8)
+    enamel = dark + (light - dark) * np.clip(
+        mottled + .42 - .62 * t, 0, 1)[..., None] * (.35 + .65 * pool)[..., None]
+    gleam = np.exp(-((t - .2) / .07) ** 2) * .05 * pool
+    enamel = enamel + gleam[..., None] * linear('ffeedd')
+    brass = shade(c.fill(linear('b98a36')), c.blur(np.clip(.8 - wire, 0, .8) * 3.2, .2), .8)
+    enamel = blend(enamel, brass * (1.05 - .5 * t)[..., None], wire < .5)
+    enamel = enamel * (1 - .5 * ((wire >= .5) & (wire < .95)))[..., None]
+    enamel = enamel * (1 - .6 * (rim < 1))[..., None]
+    return blend(surface, enamel, (x > 0) & (x < BAR_LENGTH) & (y > 0))
+
+
+def hit_ends():
+    return [int(hits * HIT * BAR_LENGTH / HIT_POINTS) for hits in range(1, HIT_POINTS // HIT)]
+
+
+def pointer(c, surface):
+    """A brass arrow head in the top moulding, under the middle of the view that this player has."""
+    x, tip, foot, half = W / 2, .6, 11.4, 9.5
+
+    def head(grow):
+        return c.polygon([(x, tip - grow * 1.6), (x + half + grow * 1.5, foot + grow),
+                          (x - half - grow * 1.5, foot + grow)])
+
+    mask = head(0)
+    surface = surface * (1 - c.shadow(head(.8), 1.2, 1.2, 1.2, .7))[..., None]
+    surface = blend(surface, linear('140903'), head(.8))
+    bright = metal(c.bevel(mask, 2.2, .15), 6, GOLD)
+    # Two facets meet in a ridge below the tip; the light comes from the left.
+    facet = np.clip((x - c.x) * 1.5 + .5, 0, 1)[..., None]
+    return blend(surface, bright * (.62 + .55 * facet), mask)
 
 
 def board(c, seed, dial):
@@ -45,9 +71,10 @@ def board(c, seed, dial):
     surface = blend(surface, moulding(c, ends, 4.5, 7), (ends > 0) & (ends < 4.5))
     middle = (dial + DIAL_RADIUS, DIAL_TOP + DIAL_RADIUS)
     reach = np.clip(c.radius(middle[0] + 2, middle[1] + 3) - 36, 0, None)
-    hollow = np.where(c.radius(*middle) > 34, .6 * np.exp(-reach ** 2 / 14), .5)
-    surface = surface * (1 - hollow * (c.y < BAR_TOP - 4.5))[..., None]
-    return blend(surface, linear('140a07'), c.y >= BAR_TOP)
+    surface = surface * (1 - .6 * np.exp(-reach ** 2 / 14))[..., None]
+    # The dial's own edge is hard, because it is keyed; against a dark gap no step of it shows.
+    surface = blend(surface, linear('080403'), c.soft(DIAL_RADIUS + .9 - c.radius(*middle)))
+    return surface * (c.y < BAR_TOP)[..., None]
 
 
 def name_plate(c, surface, x0, x1, colour, crest, words):
@@ -88,8 +115,10 @@ def write(c, surface, words, x0, x1, left, right, colour):
     return blend(surface, tone, ink * .95)
 
 
-def panel(seed, bar_left, dial, plate, colour, crest, words):
-    """The finished panel; `crest` is (field left, field right, shield maker, charge maker)."""
+def panel(seed, bar_left, dial, plate, colour, enamel, crest, words):
+    """The finished panel; `enamel` is the bar's (light, dark), `crest` is (field left, field right,
+    shield maker, charge maker).
+    """
     c = Canvas(W, H)
     surface = board(c, seed, dial)
     left, right, emblem, charge = crest
@@ -99,4 +128,5 @@ def panel(seed, bar_left, dial, plate, colour, crest, words):
     for x in (8.5, W - 8.5):
         for y in (8.5, BAR_TOP - 8.5):
             surface = rivet(c, surface, x, y, 2.6)
-    return to_opaque(reduce(hit_point_bar(c, surface, bar_left), c.scale))
+    surface = pointer(c, surface)
+    return to_opaque(reduce(hit_point_bar(c, surface, bar_left, enamel), c.scale))
