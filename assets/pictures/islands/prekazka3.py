@@ -39,4 +39,4 @@ def make(work):
     g = heights()
     g.colour = bare_rock(g)
     water = barrier.stony_shallows(g, shelf=12., surge=8.)
-    return barrier.make(g, [], work, water, edge=(15, 5., 2., 10.))
+    return barrier.make(g, [], work, water, edge=(19, 4.5, 2., 10.))
