@@ -12,7 +12,8 @@ from common.light import srgb_to_linear
 SRGB = {
     # sea
     'sea_deep': '17527a', 'sea': '226c94', 'sea_light': '3f8fb2', 'glint': 'd6f0f5',
-    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'shadow': '04202f', 'drowned': '2f6a66',
+    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'drowned': '2f6a66',
+    'shadow': '04202f',
     # land
     'sand': 'e2c48c', 'sand_wet': 'a98a5c', 'grass': '60793a', 'meadow': '7d8a48',
     'rock': '8a7c6b', 'rock_dark': '5b5047', 'rock_lit': 'c9bfae', 'moss': '7d8240',
@@ -22,7 +23,7 @@ SRGB = {
     'rail': 'cc8538', 'hull': '33190f', 'stripe': 'cc9433', 'bulwark': '942619',
     'gun': '171719', 'pennant': 'cc1f17', 'tar': '150b06',
     # panels
-    'ink': '3e1e0c', 'hp_dark': '8e140f', 'hp_light': 'd8402c', 'hp2_dark': '123a80',
+    'ink': '3e1e0c', 'hp_dark': '981812', 'hp_light': 'e24c36', 'hp2_dark': '123a80',
     'hp2_light': '3f83d8', 'night': '050304',
     'crimson': '8c1a18', 'navy': '1d3f78', 'silver': 'e6edf2', 'ready': '9fe8a0',
     # dusk
