@@ -276,8 +276,11 @@ def test_no_bright_ring_runs_along_the_rim_of_stones(name):
 
 @pytest.mark.parametrize('name', BARRIERS)
 def test_no_ship_is_stopped_where_the_water_looks_open(name):
-    for rim in rims(pixels(name)[..., 3] > 127):
+    alpha = pixels(name)[..., 3]
+    for rim in rims(alpha > 127):
         assert rim[len(rim) // 8:-(len(rim) // 8)].mean() < 8
+    for corner in (alpha, alpha[::-1], alpha[:, ::-1], alpha[::-1, ::-1]):
+        assert (corner.diagonal() > 40).argmax() < 18
 
 
 @pytest.mark.parametrize('name', BARRIERS)

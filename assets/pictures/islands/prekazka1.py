@@ -137,6 +137,6 @@ def make(work):
     g.colour = ground(g)
     plants = bushes(g) + palms(g) + settlement(g)
     water = barrier.sandy_shallows(
-        g, reach=17, pale=.7,
+        g, reach=20, pale=.7,
         lines=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
-    return barrier.make(g, plants, work, water, edge=(36, 5., 4., 14.))
+    return barrier.make(g, plants, work, water, edge=(30, 4., 4., 13.))
