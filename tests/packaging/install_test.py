@@ -62,7 +62,7 @@ def test_only_the_program_can_be_run_and_all_can_be_read(installed):
 def test_the_program_looks_where_its_data_was_installed(installed):
     prefix, directory = installed
     program = (directory / "games/morvane").read_bytes()
-    assert f"\0{prefix}/share/games/morvane/morvane.dat\0".encode() in program
+    assert f"\0{prefix}/share/games/morvane/\0".encode() in program
 
 
 def test_another_prefix_is_warned_of(build, tmp_path):
