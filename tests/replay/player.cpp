@@ -75,8 +75,10 @@ void SeededPlayer::releaseButton(int button) {
     events.push_back(mouseButton(SDL_MOUSEBUTTONUP, button));
 }
 
-void SeededPlayer::point(int x, int y) {
-    events.push_back(mouseMotion(x, y));
+// The order in which arguments are evaluated is the compiler's choice, so y is picked before.
+void SeededPlayer::pointWithin(SDL_Rect area) {
+    const int y = area.y + dice.below(area.h);
+    events.push_back(mouseMotion(area.x + dice.below(area.w), y));
 }
 
 void SeededPlayer::letGo(int frame) {
@@ -111,7 +113,7 @@ std::vector<SDL_Event> SeededPlayer::play(int frame) {
 
 void SeededPlayer::skipIntro(int frame) {
     if (frame < introPatience) {
-        point(dice.below(800), dice.below(600));
+        pointWithin({0, 0, 800, 600});
     } else if (dice.chance(50)) {
         press(SDLK_ESCAPE + dice.below(60));
     } else {
@@ -142,7 +144,7 @@ void SeededPlayer::wander() {
     if (choice < 12) {
         press(keys[choice / 2]);
     } else if (choice < 15) {
-        point(290 + dice.below(220), 260 + dice.below(220));
+        pointWithin({290, 260, 220, 220});
     } else if (choice < 19 || staying) {
         releaseButton(1 + dice.below(5));
     } else {
@@ -162,7 +164,7 @@ void SeededPlayer::chooseBattle() {
     } else if (choice == 2 && menu->focusedButton < 0) {
         press(SDLK_DOWN);
     } else {
-        point(300 + dice.below(200), 284 + dice.below(43));
+        pointWithin({300, 284, 200, 43});
     }
 }
 

@@ -50,7 +50,7 @@ private:
     void hold(int key, bool wanted);
     void releaseAll();
     void releaseButton(int button);
-    void point(int x, int y);
+    void pointWithin(SDL_Rect area); // moves the pointer to a random place
     void letGo(int frame);
 
     void skipIntro(int frame);

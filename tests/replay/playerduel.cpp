@@ -78,7 +78,7 @@ void SeededPlayer::fidget() {
         }
         break;
     case 4:
-        point(dice.below(800), dice.below(600));
+        pointWithin({0, 0, 800, 600});
         break;
     default:
         events.push_back(otherEvent(SDL_ACTIVEEVENT));
