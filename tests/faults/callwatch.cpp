@@ -10,10 +10,10 @@
 //   MORVANE_EAR=<pipe>        a named pipe that the sound device is to write into, see hearing.h
 //   MORVANE_MIX=<file>        keeps what was heard
 //   MORVANE_QUICK=1           time passes only in SDL_Delay, and takes none
-//   MORVANE_FIXED_TIME=<s>    the time of day, from which the game seeds its random generator
+//   MORVANE_FIXED_TIME=<s>    the time of day, from which the game seeds its random generator;
+//                             answered by tests/support/preloadedclock.cpp
 
 #include <cstdlib>
-#include <ctime>
 
 #include <SDL.h>
 #include <SDL_image.h>
@@ -58,16 +58,6 @@ std::string fileOf(const SDL_Surface* picture) {
 
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the headers call them dst, src
 extern "C" {
-
-time_t time(time_t* result) noexcept {
-    NEXT(time);
-    const char* fixed = std::getenv("MORVANE_FIXED_TIME");
-    const time_t now = fixed == nullptr ? real(nullptr) : static_cast<time_t>(std::atoll(fixed));
-    if (result != nullptr) {
-        *result = now;
-    }
-    return now;
-}
 
 // Calls that can fail, with the result that says so.
 

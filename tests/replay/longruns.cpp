@@ -14,6 +14,7 @@
 
 #include "child.h"
 #include "events.h"
+#include "fixedclock.h"
 #include "gamehandler.h"
 #include "lines.h"
 #include "main.h"
@@ -52,7 +53,8 @@ Size sizeNow() {
 
 class Marathon : public Conductor {
 public:
-    explicit Marathon(const LongRun& theRun) : longRun(theRun), player(theRun.seed), record(never) {
+    explicit Marathon(const LongRun& theRun)
+        : longRun(theRun), player(theRun.seed), record(never) {
         player.staying = true;
     }
 
@@ -131,7 +133,7 @@ bool surviveLongRun(const LongRun& longRun, Figures& figures) {
     const Report result = runInCopy([&] {
         Marathon marathon(longRun);
         surroundings.conductor = &marathon;
-        surroundings.seconds = longRun.seed;
+        fixedSeconds = longRun.seed;
         surroundings.showsPixels = !longRun.watched;
         if (longRun.watched) {
             alarm(0); // a night is long

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "events.h"
+#include "fixedclock.h"
 #include "main.h"
 #include "player.h"
 #include "record.h"
@@ -120,7 +121,7 @@ Report runScript(const Script& script, bool drawn, const Look& look) {
     return runInCopy([&] {
         ScriptRun run(script, look);
         surroundings.conductor = &run;
-        surroundings.seconds = script.seed;
+        fixedSeconds = script.seed;
         surroundings.movesPixels = drawn;
         surroundings.showsPixels = drawn;
         surroundings.keepsSurfaces = drawn;

@@ -100,10 +100,6 @@ void __wrap_SDL_Delay(Uint32 ms) {
     surroundings.ticks += ms;
 }
 
-std::time_t __wrap_time(std::time_t* /*result*/) {
-    return surroundings.seconds;
-}
-
 int __wrap_rand() {
     return static_cast<int>(noteDraw(__real_rand()));
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <vector>
 
 #include <SDL.h>
@@ -29,7 +28,6 @@ public:
 struct Surroundings {
     Conductor* conductor = nullptr;
     int frame = 0;             // counted from 0
-    std::time_t seconds = 0;   // of the calendar clock, with which the game seeds its generator
     Uint32 ticks = 1000;       // milliseconds; only waiting lets time pass
     bool movesPixels = true;   // false: blits and fills only clip their rectangles
     bool showsPixels = true;   // false: a flip is only counted

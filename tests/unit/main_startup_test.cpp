@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 
+#include "fixedclock.h"
 #include "music.h"
 #include "wholegame.h"
 
@@ -41,7 +42,7 @@ const std::set<std::string> releases = {"Mix_CloseAudio", "Mix_FreeMusic", "TTF_
 class StartUpTest : public WholeGameTest {};
 
 TEST_F(StartUpTest, goesThroughItsStepsInOrder) {
-    frames.seconds = 1234567890;
+    fixedSeconds = 1234567890;
     EXPECT_EQ(run(), 0);
     EXPECT_THAT(calls.of(startUpCalls),
                 ElementsAre("SDL_Init(0xffff)", "SDL_SetVideoMode(800, 600, 32, 0x80000000)",

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "fixedclock.h"
 #include "librarycalls.h"
 
 namespace {
@@ -15,12 +16,14 @@ const std::size_t patience = 10000; // frames; a loop that goes on after that ne
 
 } // namespace
 
-VirtualFrames::VirtualFrames() : ticks(1000), oversleep(0), seconds(1000000), frame(0), next(0) {
+VirtualFrames::VirtualFrames() : ticks(1000), oversleep(0), frame(0), next(0) {
     frames = this;
+    fixedSeconds = 1000000;
 }
 
 VirtualFrames::~VirtualFrames() {
     frames = nullptr;
+    fixedSeconds.reset();
 }
 
 int VirtualFrames::poll(SDL_Event* event) {
@@ -51,7 +54,6 @@ extern "C" {
 int __real_SDL_PollEvent(SDL_Event* event);
 Uint32 __real_SDL_GetTicks();
 void __real_SDL_Delay(Uint32 ms);
-std::time_t __real_time(std::time_t* result);
 
 int __wrap_SDL_PollEvent(SDL_Event* event) {
     return frames == nullptr ? __real_SDL_PollEvent(event) : frames->poll(event);
@@ -68,10 +70,6 @@ void __wrap_SDL_Delay(Uint32 ms) {
     }
     note("SDL_Delay(" + std::to_string(ms) + ")");
     frames->ticks += ms + frames->oversleep;
-}
-
-std::time_t __wrap_time(std::time_t* result) {
-    return frames == nullptr ? __real_time(result) : frames->seconds;
 }
 
 } // extern "C"

@@ -3,14 +3,14 @@
 
 #pragma once
 
-#include <ctime>
 #include <functional>
 #include <vector>
 
 #include <SDL.h>
 
 // Gives the main loop scripted events and a clock that moves only when told to, or by SDL_Delay,
-// while it lives; one at a time. Delays are noted among the LibraryCalls.
+// while it lives; one at a time. The calendar clock stands still meanwhile. Delays are noted among
+// the LibraryCalls.
 class VirtualFrames {
 public:
     VirtualFrames();
@@ -23,7 +23,6 @@ public:
     std::function<void()> atStart; // runs when the first frame polls for the first time
     Uint32 ticks;                  // milliseconds
     Uint32 oversleep;              // what every SDL_Delay takes beyond what it was asked for
-    std::time_t seconds;           // of the calendar clock
 
     // For the functions that stand before the library's.
     int poll(SDL_Event* event);
