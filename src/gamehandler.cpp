@@ -33,9 +33,10 @@ void layWater(SDL_Surface* sea) {
             const int y = j * tile->h;
             const int w = std::min(tile->w, sea->w - x);
             const int h = std::min(tile->h, sea->h - y);
-            if (w <= 0 || h <= 0) {
+            if (w == 0 || h == 0) {
                 continue;
             }
+            // Below the sea h is negative; the blit clips such a tile away.
             SDL_Rect source = {0, 0, static_cast<Uint16>(w), static_cast<Uint16>(h)};
             SDL_Rect place = {static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
             SDL_BlitSurface(tile, &source, sea, &place);
@@ -125,19 +126,17 @@ void GameHandler::cleanUp() {}
 
 void GameHandler::moveViewport(int viewportId) {
     const SDL_Rect ship = viewportId == 1 ? ship1->rect : ship2->rect;
-    int x = ship.x + ship.w / 2 - viewportSize.w / 2;
-    int y = ship.y + ship.h / 2 - viewportSize.h / 2;
-    x = std::max(x, 0);
-    y = std::max(y, 0);
-    if (x + viewportSize.w >= world->w) {
-        x = world->w - viewportSize.w - 1;
-    }
-    if (y + viewportSize.h >= world->h) {
-        y = world->h - viewportSize.h - 1;
-    }
     SDL_Rect& viewport = viewportId == 1 ? viewport1 : viewport2;
-    viewport.x = static_cast<Sint16>(x);
-    viewport.y = static_cast<Sint16>(y);
+    viewport.x = static_cast<Sint16>(ship.x + ship.w / 2 - viewportSize.w / 2);
+    viewport.y = static_cast<Sint16>(ship.y + ship.h / 2 - viewportSize.h / 2);
+    viewport.x = std::max<Sint16>(viewport.x, 0);
+    viewport.y = std::max<Sint16>(viewport.y, 0);
+    if (viewport.x + viewportSize.w >= world->w) {
+        viewport.x = static_cast<Sint16>(world->w - viewportSize.w - 1);
+    }
+    if (viewport.y + viewportSize.h >= world->h) {
+        viewport.y = static_cast<Sint16>(world->h - viewportSize.h - 1);
+    }
 }
 
 bool GameHandler::collidesWithBarriers(SDL_Rect rect1) {

@@ -114,8 +114,8 @@ void drawBar(const PlayerShip& ship, const PlayerTraits& traits) {
 }
 
 void drawDial(const PlayerShip& ship, const PlayerTraits& traits) {
-    // Truncation shows the dial full up to two frames before the cannon can fire; that is meant:
-    // the finger takes longer than that to follow the eye.
+    // Deliberate: truncation shows the dial full up to two frames before the cannon can fire after
+    // a shot, and up to seven frames after a teleport. Fingers take longer to follow the eye.
     const double reloading = ship.reloading;
     const int k = dialSteps - static_cast<int>(reloading * dialSteps / ship.maxReloading);
     SDL_Rect frame = {static_cast<Sint16>(dialSize * (k / dialRows)),

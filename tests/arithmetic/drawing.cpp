@@ -19,8 +19,13 @@ int __wrap_SDL_Flip(SDL_Surface* surface);
 namespace {
 
 bool drawing = true;
+long blits = 0;
 
 } // namespace
+
+long countedBlits() {
+    return blits;
+}
 
 WithoutDrawing::WithoutDrawing() {
     drawing = false;
@@ -33,6 +38,7 @@ WithoutDrawing::~WithoutDrawing() {
 extern "C" {
 
 int __wrap_SDL_UpperBlit(SDL_Surface* src, SDL_Rect* srcrect, SDL_Surface* dst, SDL_Rect* dstrect) {
+    ++blits;
     if (drawing) {
         return __real_SDL_UpperBlit(src, srcrect, dst, dstrect);
     }

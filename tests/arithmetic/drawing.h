@@ -3,6 +3,9 @@
 
 #pragma once
 
+// How many blits there have been, with pixels or without.
+long countedBlits();
+
 // While an object of this class lives, blits, fills and flips move no pixels. Rectangles are
 // clipped and written back as ever, since the rules depend on them. Voyages get a hundred times
 // longer for it.

@@ -11,6 +11,7 @@
 #include "bullet.h"
 #include "drawing.h"
 #include "gamehandler.h"
+#include "main.h"
 #include "playership.h"
 
 namespace {
@@ -167,4 +168,21 @@ TEST_F(PlacesTest, shipsReachEachOfTheFortyNinePlaces) {
     EXPECT_EQ(places.size(), 49U);
     EXPECT_EQ(*places.begin(), std::make_pair(100, 100));
     EXPECT_EQ(*places.rbegin(), std::make_pair(700, 700));
+}
+
+// The number of rows is that of the columns, so a tall tile has rows that begin below the sea. Only
+// a tile without any width or height left is not blitted at all.
+TEST_F(PlacesTest, everyTileWithAWidthAndAHeightIsBlitted) {
+    const WithoutDrawing quick;
+    const auto blitsOf = [](int w, int h) {
+        SDL_FreeSurface(imagePool["voda.png"]);
+        addPicture("voda.png", w, h, waterColour);
+        const long before = countedBlits();
+        const GameHandler battle;
+        return countedBlits() - before;
+    };
+    EXPECT_EQ(blitsOf(325, 325), 16);      // four by four; the fifth of each has no pixel
+    EXPECT_EQ(blitsOf(100, 325), 13 * 13); // all but the row that begins at the lower edge
+    EXPECT_EQ(blitsOf(300, 400), 25);
+    EXPECT_EQ(blitsOf(650, 1), 2 * 3);
 }

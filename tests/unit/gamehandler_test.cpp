@@ -164,6 +164,16 @@ TEST_F(GameHandlerTest, halvesEachSizeByItself) {
     EXPECT_THAT(battle->viewport1, isAt(455, 403));
 }
 
+// 30000 + 32767 - 195 is -2964 in 16 bits.
+TEST_F(GameHandlerTest, takesTheMiddleOfAShipAsASigned16BitNumberBeforeItClamps) {
+    ship1->rect = {30000, 600, 65535, 100};
+    battle->moveViewport(1);
+    EXPECT_THAT(battle->viewport1, isAt(0, 405));
+    ship2->rect = {600, 30000, 100, 65535};
+    battle->moveViewport(2);
+    EXPECT_THAT(battle->viewport2, isAt(455, 0));
+}
+
 TEST_F(GameHandlerTest, clampsViewportsToTheSizeOfTheWorldSurface) {
     SDL_FreeSurface(battle->world);
     battle->world = createSurface(700, 800);

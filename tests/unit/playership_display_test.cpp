@@ -311,6 +311,18 @@ TEST_P(PlayerShipPanelTest, looksLoadedTwoFramesEarly) {
     EXPECT_EQ(shown->reloading, 2);
 }
 
+TEST_P(PlayerShipPanelTest, looksLoadedSevenFramesEarlyAfterATeleport) {
+    hold(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
+    letGo(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
+    int frames = 0;
+    do {
+        update();
+        ++frames;
+    } while (shownDialFrame() != 40 && frames < 1000);
+    EXPECT_EQ(frames, 293);
+    EXPECT_EQ(shown->reloading, 7);
+}
+
 TEST_P(PlayerShipPanelTest, showsNothingOfTheTeleports) {
     update();
     const OwnedSurface before = copyOf(screen);
