@@ -63,16 +63,29 @@ void enlargeWorld(GameHandler& battle, int size) {
             drawPicture(old, sea, x, y);
         }
     }
+    // The game's own flags, so that the larger sea is copied as the game copies its own.
+    SDL_SetColorKey(sea, old->flags & (SDL_SRCCOLORKEY | SDL_RLEACCEL), old->format->colorkey);
     SDL_FreeSurface(battle.world);
     SDL_FreeSurface(old);
     battle.background = sea;
     battle.world = createSurface(size, size);
 }
 
-void bareCopies(GameHandler& battle) {
+BareCopies::BareCopies(GameHandler& copiedBattle)
+    : battle(copiedBattle), sea(createSurface(battle.background->w, battle.background->h)),
+      world(createSurface(battle.world->w, battle.world->h)) {
+    drawPicture(battle.background, sea, 0, 0);
+}
+
+BareCopies::~BareCopies() {
+    SDL_FreeSurface(sea);
+    SDL_FreeSurface(world);
+}
+
+void BareCopies::run() {
     SDL_Rect place1 = {5, 5, 0, 0};
     SDL_Rect place2 = {405, 5, 0, 0};
-    SDL_BlitSurface(battle.background, nullptr, battle.world, nullptr);
-    SDL_BlitSurface(battle.world, &battle.viewport1, screen, &place1);
-    SDL_BlitSurface(battle.world, &battle.viewport2, screen, &place2);
+    SDL_BlitSurface(sea, nullptr, world, nullptr);
+    SDL_BlitSurface(world, &battle.viewport1, screen, &place1);
+    SDL_BlitSurface(world, &battle.viewport2, screen, &place2);
 }

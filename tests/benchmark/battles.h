@@ -18,5 +18,19 @@ void multiplyBarriers(GameHandler& battle, int times);
 // Gives the battle a square world of this size in pixels, with the sea repeated over it.
 void enlargeWorld(GameHandler& battle, int size);
 
-// What no duel can do without: the sea onto the world, and two viewports onto the display.
-void bareCopies(GameHandler& battle);
+// What no duel can do without: the sea onto the world, and two viewports onto the display. All of
+// them are plain surfaces, so that the floor stays where it is whatever flags the game sets.
+class BareCopies {
+public:
+    explicit BareCopies(GameHandler& copiedBattle);
+    ~BareCopies();
+    BareCopies(const BareCopies&) = delete;
+    BareCopies& operator=(const BareCopies&) = delete;
+
+    void run();
+
+private:
+    GameHandler& battle;
+    SDL_Surface* sea;   // owned
+    SDL_Surface* world; // owned
+};

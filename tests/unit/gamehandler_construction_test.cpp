@@ -299,6 +299,28 @@ TEST_F(GameHandlerConstructionTest, showsBlueThroughAHoleInTheWater) {
     EXPECT_EQ(firstOther(battle.background, {985, 995, 5, 4}, blue), "");
 }
 
+TEST_F(GameHandlerConstructionTest, copiesTheSeaInRunsOnTheClassicLibraryOnly) {
+    const GameHandler battle;
+    const bool classic = SDL_Linked_Version()->patch < 50;
+    const Uint32 flags = SDL_SRCCOLORKEY | SDL_RLEACCEL;
+    EXPECT_EQ(battle.background->flags & flags, classic ? flags : 0U);
+    EXPECT_EQ(battle.world->flags & flags, 0U);
+}
+
+// Magenta stands for transparent, so a picture's magenta is never laid over the blue in full.
+TEST_F(GameHandlerConstructionTest, leavesNoPixelOfTheSeaWithItsColourKey) {
+    SDL_Surface* tile = replacePicture("voda.png", 255, 255, waterColour);
+    for (int alpha = 0; alpha < 255; ++alpha) {
+        fill(tile, {static_cast<Sint16>(alpha), 0, 1, 255}, {255, 0, 255, alpha});
+    }
+    GameHandler battle;
+    const OwnedSurface sea = copyOf(battle.background);
+    EXPECT_EQ(countOf(battle.background, {255, 0, 255}), 0);
+    fillAll(battle.world, green);
+    SDL_BlitSurface(battle.background, nullptr, battle.world, nullptr);
+    EXPECT_EQ(difference(sea.get(), battle.world), "");
+}
+
 TEST_F(GameHandlerConstructionTest, placesShipsOnTheGridOfTheUpperLeftOnly) {
     for (unsigned seed = 1; seed <= 40; ++seed) {
         SCOPED_TRACE(seed);
