@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include "child.h"
+#include "eventnoise.h"
 #include "events.h"
 #include "fixedclock.h"
 #include "gamehandler.h"
@@ -54,7 +55,7 @@ Size sizeNow() {
 class Marathon : public Conductor {
 public:
     explicit Marathon(const LongRun& theRun)
-        : longRun(theRun), player(theRun.seed), record(never) {
+        : longRun(theRun), player(theRun.seed), noise(theRun.seed), record(never) {
         player.staying = true;
     }
 
@@ -64,7 +65,7 @@ public:
             // every duel, so that measures can be compared.
             surroundings.movesPixels = !atSea || frame % drawnEvery == 0;
         }
-        return frame < longRun.frames ? player.play(frame)
+        return frame < longRun.frames ? noise.addTo(player.play(frame))
                                       : std::vector<SDL_Event>{otherEvent(SDL_QUIT)};
     }
 
@@ -117,6 +118,7 @@ private:
 
     LongRun longRun;
     SeededPlayer player;
+    EventNoise noise;
     Record record;
     bool atSea = false;
     long duels = 0;

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "child.h"
+#include "eventnoise.h"
 #include "events.h"
 #include "gamehandler.h"
 #include "gameover.h"
@@ -46,11 +47,12 @@ class SeedRun : public Conductor {
 public:
     explicit SeedRun(int scriptSeed, int frameToShow)
         : seed(scriptSeed), player(static_cast<std::uint64_t>(scriptSeed)),
+          noise(static_cast<std::uint64_t>(scriptSeed)),
           limit(frameLimit(scriptSeed, player.style)), record(framesBetweenSeedNotes),
           shown(frameToShow) {}
 
     std::vector<SDL_Event> eventsOf(int frame) override {
-        return player.play(frame);
+        return noise.addTo(player.play(frame));
     }
 
     void frameEnded(int frame) override {
@@ -96,6 +98,7 @@ private:
 
     int seed;
     SeededPlayer player;
+    EventNoise noise;
     int limit;
     Record record;
     int shown;

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+#include "eventnoise.h"
+
+#include "events.h"
+
+namespace {
+
+const int framesBetweenBursts = 250; // on average
+const int eventsOfBurst = 100;       // the classic library keeps at most 128
+const int modifiers[] = {KMOD_LSHIFT, KMOD_RSHIFT, KMOD_LCTRL, KMOD_RCTRL, KMOD_LALT, KMOD_RALT,
+                         KMOD_LMETA,  KMOD_RMETA,  KMOD_NUM,   KMOD_CAPS,  KMOD_MODE};
+
+} // namespace
+
+// Not the player's own dice, whose numbers decide what it does.
+EventNoise::EventNoise(std::uint64_t seed) : dice(~seed) {}
+
+std::vector<SDL_Event> EventNoise::addTo(std::vector<SDL_Event> events) {
+    for (SDL_Event& event : events) {
+        event = fill(event);
+    }
+    if (dice.below(framesBetweenBursts) == 0) {
+        const int before = dice.below(static_cast<int>(events.size()) + 1);
+        std::vector<SDL_Event> burst;
+        for (int i = 0; i < eventsOfBurst; ++i) {
+            burst.push_back(anyOther());
+        }
+        events.insert(events.begin() + before, burst.begin(), burst.end());
+    }
+    return events;
+}
+
+SDL_Event EventNoise::fill(SDL_Event event) {
+    switch (event.type) {
+    case SDL_KEYDOWN:
+    case SDL_KEYUP: {
+        int held = KMOD_NONE;
+        for (const int modifier : modifiers) {
+            held |= dice.chance(20) ? modifier : KMOD_NONE;
+        }
+        event.key.which = static_cast<Uint8>(dice.below(256));
+        event.key.keysym.mod = static_cast<SDLMod>(held);
+        event.key.keysym.scancode = static_cast<Uint8>(dice.below(256));
+        event.key.keysym.unicode = static_cast<Uint16>(dice.below(0x10000));
+        break;
+    }
+    case SDL_MOUSEMOTION:
+        event.motion.which = static_cast<Uint8>(dice.below(256));
+        event.motion.state = static_cast<Uint8>(dice.below(256));
+        event.motion.xrel = static_cast<Sint16>(dice.below(1600) - 800);
+        event.motion.yrel = static_cast<Sint16>(dice.below(1200) - 600);
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+        event.button.which = static_cast<Uint8>(dice.below(256));
+        event.button.x = static_cast<Uint16>(dice.below(800));
+        event.button.y = static_cast<Uint16>(dice.below(600));
+        break;
+    default:
+        break;
+    }
+    return event;
+}
+
+// Leaves every screen as it is, but that the pointer above the menu's buttons takes their focus.
+SDL_Event EventNoise::anyOther() {
+    switch (dice.below(6)) {
+    case 0:
+        return otherEvent(SDL_ACTIVEEVENT);
+    case 1:
+        return otherEvent(SDL_JOYAXISMOTION);
+    case 2:
+        return otherEvent(SDL_VIDEOEXPOSE);
+    case 3:
+        return fill(mouseButton(SDL_MOUSEBUTTONDOWN, 1 + dice.below(5)));
+    case 4:
+        return fill(keyUp(SDLK_F1 + dice.below(15)));
+    default: {
+        const int y = dice.below(100);
+        return fill(mouseMotion(dice.below(800), y));
+    }
+    }
+}
