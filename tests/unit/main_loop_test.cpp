@@ -70,6 +70,17 @@ TEST_F(MainLoopTest, handsOverTheEventsOfAFrameInOrderBeforeItsUpdate) {
                                        "a: event 12", "a: update", "a: deleted"));
 }
 
+TEST_F(MainLoopTest, handsOverAThousandEventsInTheFrameThatFindsThem) {
+    frames.events = {{}, std::vector<SDL_Event>(1000, mouseMotion(1, 2)), {}, {quit()}};
+    run();
+    std::vector<std::string> expected(1002, "a: event 4");
+    expected.front() = "a: activate";
+    expected.back() = "a: update";
+    const std::vector<std::string> notes = ofModes();
+    ASSERT_THAT(notes, SizeIs(::testing::Gt(1002U)));
+    EXPECT_EQ(std::vector<std::string>(notes.begin(), notes.begin() + 1002), expected);
+}
+
 TEST_F(MainLoopTest, neverActivatesTheFirstMode) {
     frames.events = {{}, {}};
     std::vector<std::string> startUp;

@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+// No screen cares for held modifiers, or for anything else of an event but its key, its button or
+// its place.
+
+#include <functional>
+#include <memory>
+
+#include "credits.h"
+#include "duel.h"
+#include "gameover.h"
+#include "helpscreen.h"
+#include "introscreen.h"
+#include "keyboard.h"
+#include "main.h"
+#include "menu.h"
+
+namespace {
+
+struct Modifier {
+    const char* name;
+    int mod;
+};
+
+void PrintTo(const Modifier& modifier, std::ostream* out) {
+    *out << modifier.name;
+}
+
+const Modifier modifiers[] = {
+    {"none", KMOD_NONE},      {"leftShift", KMOD_LSHIFT}, {"rightShift", KMOD_RSHIFT},
+    {"leftCtrl", KMOD_LCTRL}, {"rightCtrl", KMOD_RCTRL},  {"leftAlt", KMOD_LALT},
+    {"rightAlt", KMOD_RALT},  {"leftMeta", KMOD_LMETA},   {"rightMeta", KMOD_RMETA},
+    {"numLock", KMOD_NUM},    {"capsLock", KMOD_CAPS},    {"altGr", KMOD_MODE},
+    {"allAtOnce", 0xffff},
+};
+
+std::string nameOf(const testing::TestParamInfo<Modifier>& info) {
+    return info.param.name;
+}
+
+// Every test with every modifier, and with unusual values of the other fields.
+template <typename Fixture>
+class WithModifier : public Fixture, public ::testing::WithParamInterface<Modifier> {
+protected:
+    static SDL_Event down(SDLKey key) {
+        return filled(keyDown(key));
+    }
+
+    static SDL_Event up(SDLKey key) {
+        return filled(keyUp(key));
+    }
+
+    template <typename Mode> static bool takeRequest() {
+        const bool requested = dynamic_cast<Mode*>(newProgramMode) != nullptr;
+        delete newProgramMode;
+        newProgramMode = nullptr;
+        return requested;
+    }
+
+private:
+    static SDL_Event filled(SDL_Event event) {
+        event.key.which = 3;
+        event.key.keysym.mod = static_cast<SDLMod>(WithModifier::GetParam().mod);
+        event.key.keysym.scancode = 200;
+        event.key.keysym.unicode = 0x20ac;
+        return event;
+    }
+};
+
+// The menu.
+
+using MenuModifierTest = WithModifier<MenuTest>;
+
+TEST_P(MenuModifierTest, movesTheFocus) {
+    send(down(SDLK_DOWN));
+    EXPECT_EQ(menu->focusedButton, 0);
+    send(down(SDLK_UP));
+    EXPECT_EQ(menu->focusedButton, 3);
+}
+
+TEST_P(MenuModifierTest, choosesWithReturnAndSpace) {
+    menu->focusedButton = 1;
+    send(down(SDLK_RETURN));
+    EXPECT_TRUE(takeRequest<HelpScreen>());
+    menu->focusedButton = 2;
+    send(down(SDLK_SPACE));
+    EXPECT_TRUE(takeRequest<Credits>());
+}
+
+TEST_P(MenuModifierTest, startsABattleWhenReturnOrSpaceIsReleased) {
+    for (const SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
+        menu->focusedButton = 0;
+        menu->waitingToReleaseReturn = false;
+        send(down(key));
+        EXPECT_EQ(newProgramMode, nullptr);
+        EXPECT_TRUE(menu->waitingToReleaseReturn);
+        send(up(key));
+        EXPECT_TRUE(takeRequest<GameHandler>());
+    }
+}
+
+TEST_P(MenuModifierTest, endsTheProgram) {
+    for (const SDLKey key : {SDLK_ESCAPE, SDLK_q}) {
+        running = true;
+        send(down(key));
+        EXPECT_FALSE(running);
+    }
+}
+
+// The battle and its key table.
+
+using BattleModifierTest = WithModifier<DuelTest>;
+
+TEST_P(BattleModifierTest, isLeftWithEscape) {
+    SDL_Event event = down(SDLK_ESCAPE);
+    battle->event(&event);
+    EXPECT_TRUE(takeRequest<MainMenu>());
+}
+
+TEST_P(BattleModifierTest, knowsEveryKeyAsPressedUntilItIsReleased) {
+    for (int code = 0; code < SDLK_LAST; ++code) {
+        SDL_Event press = down(static_cast<SDLKey>(code));
+        SDL_Event release = up(static_cast<SDLKey>(code));
+        Keyboard::keyPress(&press);
+        Keyboard::releaseKeys();
+        EXPECT_TRUE(Keyboard::isPressed(code)) << code;
+        Keyboard::keyRelease(&release);
+        Keyboard::releaseKeys();
+        EXPECT_FALSE(Keyboard::isPressed(code)) << code;
+    }
+}
+
+TEST_P(BattleModifierTest, steersBothShips) {
+    for (const SDLKey key : {SDLK_a, SDLK_w, SDLK_TAB, SDLK_LEFT, SDLK_UP, SDLK_RETURN}) {
+        SDL_Event event = down(key);
+        Keyboard::keyPress(&event);
+    }
+    play(1);
+    for (const PlayerShip* ship : {ship1, ship2}) {
+        EXPECT_EQ(ship->direction, 0.05);
+        EXPECT_EQ(ship->velocity, 0.5);
+        EXPECT_EQ(ship->reloading, 119);
+    }
+}
+
+// The other screens.
+
+using ScreenModifierTest = WithModifier<DisplayTest>;
+
+TEST_P(ScreenModifierTest, skipsTheIntroWithAnyKey) {
+    IntroScreen intro;
+    for (int code = 0; code < SDLK_LAST; ++code) {
+        SDL_Event event = down(static_cast<SDLKey>(code));
+        intro.event(&event);
+        EXPECT_TRUE(takeRequest<MainMenu>()) << code;
+    }
+}
+
+TEST_P(ScreenModifierTest, leavesHelpAndCreditsWithEachOfTheirKeys) {
+    HelpScreen help;
+    Credits credits;
+    for (ProgramMode* mode :
+         {static_cast<ProgramMode*>(&help), static_cast<ProgramMode*>(&credits)}) {
+        for (const SDLKey key : {SDLK_ESCAPE, SDLK_RETURN, SDLK_SPACE}) {
+            SDL_Event event = down(key);
+            mode->event(&event);
+            EXPECT_TRUE(takeRequest<MainMenu>()) << int{key};
+        }
+    }
+}
+
+TEST_P(ScreenModifierTest, leavesTheGameOverScreenWithEscape) {
+    GameOver gameOver(1);
+    SDL_Event event = down(SDLK_ESCAPE);
+    gameOver.event(&event);
+    EXPECT_TRUE(takeRequest<MainMenu>());
+}
+
+INSTANTIATE_TEST_SUITE_P(with, MenuModifierTest, testing::ValuesIn(modifiers), nameOf);
+INSTANTIATE_TEST_SUITE_P(with, BattleModifierTest, testing::ValuesIn(modifiers), nameOf);
+INSTANTIATE_TEST_SUITE_P(with, ScreenModifierTest, testing::ValuesIn(modifiers), nameOf);
+
+// The mouse.
+
+TEST_F(MenuTest, followsThePointerWhateverButtonsAreDown) {
+    for (int state = 0; state < 256; ++state) {
+        SDL_Event onto = mouseMotion(400, 340);
+        SDL_Event off = mouseMotion(10, 10);
+        for (SDL_Event* event : {&onto, &off}) {
+            event->motion.which = 1;
+            event->motion.state = static_cast<Uint8>(state);
+            event->motion.xrel = static_cast<Sint16>(state - 128);
+            event->motion.yrel = static_cast<Sint16>(128 - state);
+        }
+        send(onto);
+        EXPECT_EQ(menu->focusedButton, 1) << state;
+        send(off);
+        EXPECT_EQ(menu->focusedButton, -1) << state;
+    }
+}
+
+TEST_F(MenuTest, choosesWithTheLeftButtonWhereverThePointerIs) {
+    for (const int x : {0, 10, 400, 799}) {
+        SDL_Event click = mouseUp(SDL_BUTTON_LEFT);
+        click.button.which = 1;
+        click.button.x = static_cast<Uint16>(x);
+        click.button.y = static_cast<Uint16>(x / 2);
+        menu->focusedButton = 1;
+        send(click);
+        EXPECT_NE(dynamic_cast<HelpScreen*>(newProgramMode), nullptr) << x;
+        delete newProgramMode;
+        newProgramMode = nullptr;
+    }
+}
+
+} // namespace
