@@ -64,7 +64,8 @@ void enlargeWorld(GameHandler& battle, int size) {
         }
     }
     // The game's own flags, so that the larger sea is copied as the game copies its own.
-    SDL_SetColorKey(sea, old->flags & (SDL_SRCCOLORKEY | SDL_RLEACCEL), old->format->colorkey);
+    const Uint32 kept = SDL_SRCCOLORKEY | SDL_RLEACCEL | SDL_RLEACCELOK;
+    SDL_SetColorKey(sea, old->flags & kept, old->format->colorkey);
     SDL_FreeSurface(battle.world);
     SDL_FreeSurface(old);
     battle.background = sea;
