@@ -25,12 +25,12 @@ template <typename Time> Time answer(Time* result) {
     return now;
 }
 
+} // namespace
+
 // The header's own declaration of time() stands for one of these two only, whichever the compiler's
 // options choose, so both are defined under other names.
 extern "C" long preloadedTime(long* result) __asm__("time");
 extern "C" std::int64_t preloadedTime64(std::int64_t* result) __asm__("__time64");
-
-} // namespace
 
 long preloadedTime(long* result) {
     return answer(result);
