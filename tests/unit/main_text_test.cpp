@@ -164,15 +164,19 @@ TEST_F(TextTest, isNotShownByItself) {
 }
 
 // A screen of text draws its lines in every frame, for as long as it is left open.
-TEST_F(TextTest, isNotKeptInMemoryWhateverItsShape) {
-    // Higher than wide, square, and wider than high; 360 bytes and more.
-    for (const char* text : {"i", "A", "AAA", "AAAAAAAAAA"}) {
-        simpleText(text, 0);
-        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
-        for (int i = 0; i < 1000; ++i) {
-            simpleText(text, 0);
+TEST_F(TextTest, isNotKeptInMemoryWhateverItsShapeAndLine) {
+    const auto allocated = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
+    // Higher than wide, square, wider than high, and wider than the display; 360 bytes and more.
+    for (const std::size_t letters : {1U, 3U, 10U, 90U}) {
+        const std::string text(letters, letters == 1 ? 'i' : 'A');
+        for (const int line : {-4, 0, 3}) {
+            simpleText(text.c_str(), line);
+            const std::size_t before = allocated();
+            for (int i = 0; i < 200; ++i) {
+                simpleText(text.c_str(), line);
+            }
+            EXPECT_LT(allocated(), before + 12000) << letters << " letters in line " << line;
         }
-        EXPECT_LT(mallinfo2().uordblks + mallinfo2().hblkhd, before + 12000) << text;
     }
 }
 
