@@ -169,18 +169,45 @@ def test_water_covers_the_whole_sea_without_a_seam():
         assert seam < 1.5 * inner
 
 
-@pytest.mark.parametrize('phase', range(36))
-def test_ship_is_hit_where_it_is_seen(phase):
+def ship(phase):
     x, y = phase % 6 * 100, phase // 6 * 100
-    ship = pixels('lod1.png')[y:y + 100, x:x + 100]
-    # Wood and canvas are warm; foam and shadow, which cannot be hit, are cold.
-    rows, columns = numpy.nonzero((ship[..., 3] > 127) & (ship[..., 0] > ship[..., 2]))
+    return pixels('lod1.png')[y:y + 100, x:x + 100]
+
+
+def wood_and_canvas(frame):
+    """These are warm; foam and shadow, which cannot be hit, are cold."""
+    return (frame[..., 3] > 127) & (frame[..., 0] > frame[..., 2])
+
+
+@pytest.mark.parametrize('phase', range(36))
+def test_ship_is_hit_where_its_hull_is_seen(phase):
+    rows, columns = numpy.nonzero(wood_and_canvas(ship(phase)))
     width, height = HIT_BOX[phase % 9]
     if phase // 9 % 2 == 1:
         width, height = height, width
     left, top = 50 - width // 2, 50 - height // 2
     assert abs(columns.min() - left) <= 4 and abs(columns.max() + 1 - left - width) <= 4
-    assert abs(rows.min() - top) <= 4 and abs(rows.max() + 1 - top - height) <= 4
+    assert abs(rows.max() + 1 - top - height) <= 4
+    # Seen obliquely, masts and sails rise above the box. They are not hit, so they must not rise
+    # further than a third of the ship's length.
+    assert -4 <= top - rows.min() <= 33
+
+
+def test_ship_turns_on_the_spot():
+    # Two opposite headings together are symmetric round the ship's centre.
+    middles = numpy.array([numpy.mean(numpy.nonzero(wood_and_canvas(ship(phase))), axis=1)
+                           for phase in range(36)])
+    centres = (middles[:18] + middles[18:]) / 2
+    assert numpy.abs(centres - centres.mean(axis=0)).max() <= 1.5
+    # Sideways the cell's middle is the ship's; upwards her masts count as well.
+    assert abs(centres[:, 1].mean() - 49.5) <= 1.5
+
+
+@pytest.mark.parametrize('phase', range(36))
+def test_sails_show_cloth_rather_than_blank_paper(phase):
+    frame = ship(phase)
+    values = lightness(frame)[(frame[..., 3] >= 250)]
+    assert (values[values > 150] > 242).mean() <= 0.22
 
 
 def luminance(colours):
@@ -205,13 +232,12 @@ def neighbours(mask, beyond):
 
 @pytest.mark.parametrize('phase', range(36))
 def test_ships_outline_stands_out_from_the_sea(phase):
-    x, y = phase % 6 * 100, phase // 6 * 100
-    ship = pixels('lod1.png')[y:y + 100, x:x + 100]
+    frame = ship(phase)
     water = pixels('voda.png')[..., :3]
     sea = luminance(water).mean()
-    cover = ship[..., 3:] / 255
-    seen = luminance(ship[..., :3] * cover + water.mean((0, 1)) * (1 - cover))
-    body = without_holes((ship[..., 3] > 127) & (ship[..., 0] > ship[..., 2]))
+    cover = frame[..., 3:] / 255
+    seen = luminance(frame[..., :3] * cover + water.mean((0, 1)) * (1 - cover))
+    body = without_holes(wood_and_canvas(frame))
     lighter, darker = numpy.maximum(seen, sea), numpy.minimum(seen, sea)
     clear = body & ((lighter + 0.05) / (darker + 0.05) >= 3)
     beside = neighbours(~body, True)

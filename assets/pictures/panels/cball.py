@@ -1,6 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The cannonball: dark iron, a light rim and a spark, to be seen on sea, sand and sails.
+"""The cannonball: dark iron, to be seen on sea, sand and sails.
+
+A spark on the sunny side and a pale rim in the shade; a rim all round would make it a ball bearing.
 
 To change: RADIUS, the rim's and the spark's strength in `make`.
 """
@@ -20,8 +22,8 @@ def make(_work):
     iron, cover = sphere(c, X, Y, RADIUS, rim=.0)
     r = c.radius(X, Y)
     rim = np.exp(-((r - RADIUS + .8) / .7) ** 2)
-    lit = np.clip(.62 - ((c.x - X) + (c.y - Y)) / RADIUS * .42, .12, 1)
-    iron = iron + (rim * lit)[..., None] * linear('f2efe2') * 1.15
+    shaded = ((c.x - X) + (c.y - Y)) / (np.sqrt(2) * RADIUS)    # 1 furthest from the sun
+    iron = iron + (rim * np.clip(shaded, 0, 1) ** 1.5)[..., None] * linear('e9e4d2') * .6
     spark = np.exp(-(c.radius(X - 2.7, Y - 2.9) / 1.35) ** 2)
     iron = iron + spark[..., None] * linear('fff4e0') * 1.1
     shade = np.exp(-(c.radius(X + 2.2, Y + 2.4) / 6.6) ** 4) * .42

@@ -2,9 +2,13 @@
 # SPDX-License-Identifier: MIT
 """The ship's sheet: 36 headings of 100 x 100, frame k turned k tens of degrees from left.
 
-To change: the outline in `tarred`, shadow and foam in `compose`; light and camera are in sheet.pov.
+Her hull and what hangs low fill the hit boxes of the rules; her upper sails rise above them.
+
+To change: TILT for the view, the outline in `outlined`, shadow and foam in `compose`; light and
+camera are in sheet.pov.
 """
 import json
+import math
 import os
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
@@ -17,24 +21,32 @@ from common import povray
 from common.noise import smoothstep
 from common.palette import linear
 from common.raster import layer, over, read_layer, read_light, reduce, to_image
-from ship import model, wake
+from ship import sheet_hull, sheet_rig, wake
+from ship.mesh import Model
 
 HERE = Path(__file__).resolve().parent
 FRAME, COLUMNS, HEADINGS = 100, 6, 36
+WIDER = 108         # pixels of a view in which what the cell cuts off would show
 # The hit boxes of the rules: what looks hit must be hit.
 BOX_W = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 TOLERANCE = 4
-# The line of tar round her, in pixels, the luminances between which planks end and canvas
-# begins, and the least of a hem.
-TAR_WIDTH = 1.4
-CANVAS = (.36, .48)
-HEM = .62
+# Degrees of the view from vertical, and the pixels by which she is lowered, so that waterline and
+# rail together are centred.
+TILT, DROP = 35, 4.5
+FORWARD = 1.4
+# Strength of the sun, of the light from before her and of the sky's.
+LIGHTS = {'Sun': 1.0, 'Front': .40, 'Sky': .26}
+# The line round her, in pixels: tar on wood, light hems on canvas. Luminances between which wood
+# ends and canvas begins, for hull and rig, and the least of a hem.
+LINE_WIDTH = 1.5
+CANVAS_OF_HULL, CANVAS_OF_RIG = (.36, .48), (.10, .17)
+HEM = .68
 LUMINANCE = np.array((.2126, .7152, .0722))
 FAINT = .05
 # Samples a pixel, along each axis. A draft shows in half a minute what a change does.
 DRAFT = 'PICTURE_DRAFT' in os.environ
-FINE, COARSE = (2, 1) if DRAFT else (4, 2)
+FINE, COARSE = (2, 2) if DRAFT else (4, 2)
 
 
 def box(k):
@@ -43,41 +55,78 @@ def box(k):
     return (h, w) if k // 9 % 2 else (w, h)
 
 
-def extent(ship):
-    """Width and height of the ship without shadow and foam."""
-    rows, columns = np.where(ship[..., 3] > .5)
-    return int(np.ptp(columns)) + 1, int(np.ptp(rows)) + 1
+def beyond_box(mask, k):
+    """By how many pixels the mask's left, right, upper and lower bounds miss the hit box's."""
+    w, h = box(k)
+    rows, columns = np.nonzero(mask)
+    left, upper = (FRAME - w) // 2, (FRAME - h) // 2
+    bounds = columns.min(), columns.max() + 1, rows.min(), rows.max() + 1
+    return [int(a) - b for a, b in zip(bounds, (left, left + w, upper, upper + h))]
+
+
+def moved(k):
+    """Pixels by which the ship stands to the right and low in her cell.
+
+    On diagonal headings her pointed bow falls short of the hit box and her stern's corners stand
+    out of it, so she stands a little forward there.
+    """
+    turn = math.radians(10 * k)
+    ahead = FORWARD * min(1, 1.6 * abs(math.sin(2 * turn)))
+    return -ahead * math.cos(turn), DROP - ahead * math.sin(turn)
 
 
 def render(k, work, libraries):
-    scene = HERE / 'sheet.pov'
-    hull, cast = work / ('ship%02d.png' % k), work / ('shadow%02d.png' % k)
-    for product, shadow, samples, threshold in ((hull, 0, FINE, .15), (cast, 1, COARSE, .3)):
-        size = FRAME * samples, FRAME * samples
-        povray.render(scene, product, size, libraries, not shadow, .9 if DRAFT else threshold,
-                      Heading=k, Shadow=shadow)
-    return read_ship(hull), read_light(cast)
+    own = work / ('heading%02d' % k)
+    own.mkdir(exist_ok=True)
+    write_model(own / 'ship.inc', k)
+    aside, drop = moved(k)
+    products = []
+    # Colour, shadow, mask of what is low, mask of all.
+    for number, (samples, threshold, span) in enumerate((
+            (FINE, .6, FRAME), (COARSE, .3, FRAME), (COARSE, .9, FRAME), (COARSE, .9, WIDER))):
+        products.append(own / ('pass%d.png' % number))
+        povray.render(HERE / 'sheet.pov', products[-1], (span * samples,) * 2,
+                      libraries + ['+L%s' % own], number != 1, .9 if DRAFT else threshold,
+                      Heading=k, Pass=number, Tilt=TILT, Drop=drop, Aside=aside, Span=span,
+                      **LIGHTS)
+    check_uncut(k, read_layer(products[3])[..., 3])
+    low = read_layer(products[2])[..., 3]
+    wood = np.kron(low, np.ones((FINE, FINE)))[::COARSE, ::COARSE]
+    ship = reduce(outlined(read_layer(products[0]), FINE, gaussian_filter(wood, .3 * FINE)), FINE)
+    return ship, reduce(low, COARSE) > .5, read_light(products[1])
 
 
-def read_ship(path):
-    return reduce(tarred(read_layer(path), FINE), FINE)
+def check_uncut(k, whole):
+    """Nothing of her, seen in a wider view, may lie beyond the cell."""
+    inside = np.pad(np.ones((FRAME * COARSE,) * 2), (WIDER - FRAME) // 2 * COARSE)
+    if (whole * (1 - inside)).any():
+        raise RuntimeError('lod1: heading %d does not fit its cell' % k)
 
 
-def tarred(ship, cells):
+def write_model(path, k):
+    hull, rig = Model(), Model()
+    sheet_hull.build(hull)
+    sheet_rig.build(rig, k)
+    path.write_text(hull.source('Hull') + rig.source('Rig'))
+
+
+def outlined(ship, cells, wood):
     """Give the ship an outline: tar on planks and spars, light on the hems of her sails.
 
-    At noon sunlit planks are about as light as the sea, and so is canvas in its own shade; without
-    this both melt into it.
+    Sunlit planks are about as light as the sea, and so is canvas in its own shade; without this
+    both melt into it.
     """
     alpha = ship[..., 3:]
     inside = distance_transform_edt(alpha[..., 0] > .5) / cells
-    edge = (1 - smoothstep(inside, TAR_WIDTH - .35, TAR_WIDTH + .35))[..., None]
+    edge = (1 - smoothstep(inside, LINE_WIDTH - .2, LINE_WIDTH + .2))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
-    canvas = smoothstep(gaussian_filter(light, (.3 * cells, .3 * cells, 0)), *CANVAS)
-    hem = np.clip(HEM / np.maximum(light, 1e-6), 1, 2)
+    soft, wood = gaussian_filter(light, (.3 * cells, .3 * cells, 0)), np.clip(wood, 0, 1)[..., None]
+    canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (
+        1 - wood)
+    hem = np.clip(HEM / np.maximum(light, 1e-6), 1, 3)
     lit = np.concatenate([np.minimum(ship[..., :3] * hem, alpha), alpha], 2)
-    outline = lit * canvas + layer(linear('tar'), alpha[..., 0]) * (1 - canvas)
-    return ship + (outline - ship) * edge
+    line = lit * canvas + layer(linear('tar'), alpha[..., 0]) * (1 - canvas)
+    return ship + (line - ship) * edge
 
 
 def border():
@@ -94,26 +143,25 @@ def trimmed(cover):
 def compose(k, ship, light):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
     dark = gaussian_filter(1 - light, .75 * COARSE)
-    shade = trimmed(reduce(dark, COARSE) * .50 * np.clip(border() / 5, 0, 1))
-    foam = trimmed(reduce(wake.foam(k), wake.CELLS) * .95 * smoothstep(border(), 0, 11))
+    shade = trimmed(reduce(dark, COARSE) * .52 * np.clip(border() / 5, 0, 1))
+    foam = trimmed(reduce(wake.foam(k, *moved(k)), wake.CELLS) * .95 * smoothstep(border(), 0, 9))
     under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
     return over(ship, under)
 
 
 def make(work):
     libraries = povray.prepare(work, HERE)
-    model.write(work / 'ship.inc', 'chart')
     sheet, errors = Image.new('RGBA', (FRAME * COLUMNS, FRAME * COLUMNS)), {}
     # A draft is built alone; otherwise the second processor builds other pictures.
     with ThreadPoolExecutor(2 if DRAFT else 1) as pool:
         frames = list(pool.map(lambda k: render(k, work, libraries), range(HEADINGS)))
-    for k, (ship, light) in enumerate(frames):
-        errors[k] = [got - want for got, want in zip(extent(ship), box(k))]
+    for k, (ship, low, light) in enumerate(frames):
+        errors[k] = beyond_box(low, k)
         sheet.paste(to_image(compose(k, ship, light)), (k % COLUMNS * FRAME,
                                                         k // COLUMNS * FRAME))
     (work / 'boxes.json').write_text(json.dumps(errors))
     error = max(max(map(abs, e)) for e in errors.values())
-    print('lod1: outline within %d pixels of the hit boxes' % error)
+    print('lod1: hull within %d pixels of the hit boxes' % error)
     if error > TOLERANCE:
         raise RuntimeError('at most %d pixels are allowed: %s' % (TOLERANCE, errors))
     return sheet

@@ -1,0 +1,144 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Masts, yards, sails and ropes of the sheet's ship.
+
+Every mast carries sails of unequal size in tiers. The yards are braced round so that no heading
+shows the sails edge-on; `brace` says how far.
+
+To change: the table MASTS and JIBS; LEAST_BRACE for the yards.
+"""
+import math
+from dataclasses import dataclass
+
+import numpy as np
+
+from ship import sheet_hull as hull
+from ship.sheet_hull import TIP, station
+
+
+@dataclass
+class Sail:
+    yard: float         # height of the yard
+    foot: float         # height of the foot
+    head: float         # half width along the yard
+    spread: float       # half width along the foot
+    billow: float       # depth of the belly
+    texture: str
+
+
+@dataclass
+class Mast:
+    x: float
+    top: float
+    sails: tuple
+
+
+MASTS = (
+    Mast(-19.5, 46.6, (Sail(24, 12.0, 18.4, 19.8, 4.4, 'T_Course'),
+                     Sail(37.5, 23.0, 13.2, 17.2, 4.8, 'T_Topsail'),
+                     Sail(45.2, 36.4, 8.6, 12.2, 3.2, 'T_Gallant'))),
+    Mast(5.0, 60.5, (Sail(27.5, 13.0, 18.8, 20.4, 4.8, 'T_Course'),
+                   Sail(45.5, 26.3, 14.0, 18.0, 5.4, 'T_Topsail'),
+                   Sail(57, 44.4, 9.2, 13.2, 3.6, 'T_Gallant'))),
+    Mast(25.5, 40, (Sail(22, 13.0, 12.2, 13.4, 3.2, 'T_Course'),
+                    Sail(36.5, 21.0, 8.8, 11.8, 3.8, 'T_Topsail'))),
+)
+# Headsails: tack, head, clew.
+JIBS = (((-48.2, 7.2, 0), (-21.5, 44, 0), (-27.5, 12, 7.0)),
+        ((-41.5, 8.4, 0), (-21, 30, 0), (-24.5, 12, 6.5)))
+LEAST_BRACE = 44
+LIFT = .22
+ROPE, YARD = .11, .55
+PENNANT = 5
+
+
+def brace(k):
+    """Degrees by which the yards are turned from square at heading k.
+
+    The yards keep at least LEAST_BRACE away from the line of sight on the water. This makes them
+    swing over twice in a full turn, when she heads right and left: there she tacks.
+    """
+    return LEAST_BRACE - (10 * k % 180) * (2 * LEAST_BRACE - 10) / 170
+
+
+def build(model, k):
+    turned = brace(k)
+    for mast in MASTS:
+        stand(model, mast)
+        shrouds(model, mast)
+        for sail in mast.sails:
+            square(model, mast.x - 1.0, sail, turned)
+    stays(model)
+    for corners in JIBS:
+        triangle(model, *corners, 2.6)
+    pennant(model)
+
+
+def stand(model, mast):
+    x, low = mast.x, mast.sails[0].yard
+    foot = hull.deck(station(x)) - .5
+    model.cone((x, foot, 0), 1.2, (x, low + 2, 0), .95, 'T_Mast')
+    model.cone((x + .2, low - 1, 0), .85, (x + .2, mast.top, 0), .4, 'T_Mast')
+    model.cylinder((x + .6, low + 1.2, 0), (x + .6, low + 1.9, 0), 2.2, 'T_Spar')
+
+
+def shrouds(model, mast):
+    low = mast.sails[0].yard
+    for s in (-1, 1):
+        for k in range(3):
+            x = mast.x + 1.2 + 2.2 * k
+            t = station(x)
+            model.cylinder((mast.x + .5, low + 1, s * .4), (x, hull.rail(t), s * (hull.top(t) + .3)),
+                           ROPE, 'T_Rope')
+
+
+def stays(model):
+    fore, main, mizzen = MASTS
+    for a, b in (((fore.x, fore.top - 2, 0), TIP),
+                 ((main.x, main.sails[0].yard + 1, 0), (fore.x, hull.deck(.8) + 2, 0)),
+                 ((main.x, main.top - 3, 0), (fore.x, fore.sails[0].yard + 1, 0)),
+                 ((mizzen.x, mizzen.top - 2, 0), (main.x, main.sails[0].yard + 1, 0))):
+        model.cylinder(a, b, ROPE, 'T_Rope')
+
+
+def square(model, x, sail, turned):
+    c, s = math.cos(math.radians(turned)), math.sin(math.radians(turned))
+
+    def place(ahead, y, z):
+        return (x - ahead * c + z * s, y, z * c + ahead * s)
+    for k in (-1, 1):
+        model.cone(place(0, sail.yard, 0), YARD, place(-.2, sail.yard, k * (sail.head + .9)),
+                   YARD * .6, 'T_Spar')
+    drop, grid, uv = sail.yard - sail.foot, [], []
+    for a in np.linspace(-1, 1, 26):
+        belly, row = 1 - abs(a) ** 2.6, []
+        for b in np.linspace(0, 1, 16):
+            half = sail.head * (1 - b) + sail.spread * b - .5 * math.sin(math.pi * b)
+            roach = .12 * drop * (1 - a * a) * b ** 3
+            ahead = sail.billow * belly * math.sin(math.pi * min(1, b ** .85 * .93))
+            row.append(place(.5 + ahead, sail.yard - .3 - drop * b + roach, a * half))
+        grid.append(row)
+        uv.append([((a + 1) / 2, b) for b in np.linspace(0, 1, 16)])
+    model.surface(grid, sail.texture, uv, LIFT, extra='double_illuminate')
+
+
+def triangle(model, tack, top, clew, deep):
+    tack, top, clew = (np.array(p, float) for p in (tack, top, clew))
+    grid = []
+    for a in np.linspace(.001, 1, 16):
+        row = []
+        for b in np.linspace(0, 1, 10):
+            p = top * (1 - a) + (tack * (1 - b) + clew * b) * a
+            belly = deep * math.sin(math.pi * b) * math.sin(math.pi * min(1, a * .9 + .05))
+            row.append(p + np.array((-.3 * belly, 0, belly)))
+        grid.append(row)
+    model.surface(grid, 'T_Jib', None, LIFT, extra='double_illuminate')
+
+
+def pennant(model):
+    mast, grid = MASTS[1], []
+    for a in np.linspace(0, 1, 20):
+        wave, wide = .5 * math.sin(a * 5) * a, 1.25 * (1 - .6 * a)
+        grid.append([(mast.x + .5 + PENNANT * a, mast.top - .6 + wide * b, wave + .8 * wide * b)
+                     for b in (-1, 0, 1)])
+    model.surface(grid, 'T_Pennon', extra='double_illuminate')
