@@ -194,13 +194,32 @@ def test_ship_is_hit_where_its_hull_is_seen(phase):
 
 
 def test_ship_turns_on_the_spot():
-    # Two opposite headings together are symmetric round the ship's centre.
-    middles = numpy.array([numpy.mean(numpy.nonzero(wood_and_canvas(ship(phase))), axis=1)
-                           for phase in range(36)])
-    centres = (middles[:18] + middles[18:]) / 2
-    assert numpy.abs(centres - centres.mean(axis=0)).max() <= 1.5
-    # Sideways the cell's middle is the ship's; upwards her masts count as well.
-    assert abs(centres[:, 1].mean() - 49.5) <= 1.5
+    # Two opposite headings show the same hull turned round: its middle lies between their bounds.
+    left, right, lower = (numpy.array([find(numpy.nonzero(wood_and_canvas(ship(phase))))
+                                       for phase in range(36)])
+                          for find in (lambda at: at[1].min(), lambda at: at[1].max() + 1,
+                                       lambda at: at[0].max() + 1))
+    sideways = (left + numpy.roll(right, 18)) / 2
+    assert numpy.abs(sideways - 50).max() <= 1
+    # Sails hide her upper bound, so the lower one is compared with that of a quarter turn.
+    upwards = lower + numpy.roll(left, -9)
+    upwards = (upwards + numpy.roll(upwards, 18)) / 2
+    assert numpy.abs(upwards - upwards.mean()).max() <= 1
+
+
+def shadow_direction(frame):
+    """Where the dark water beside the ship lies, in degrees clockwise from right."""
+    y, x = numpy.indices(frame.shape[:2])
+    body = without_holes(wood_and_canvas(frame))
+    dark = (frame[..., 3] > 60) & ~body & (lightness(frame) < 90)
+    return numpy.degrees(numpy.arctan2(y[dark].mean() - y[body].mean(),
+                                       x[dark].mean() - x[body].mean()))
+
+
+@pytest.mark.parametrize('phase', range(36))
+def test_ships_shadow_falls_to_the_lower_right(phase):
+    # Were the picture merely turned, it would go round with her.
+    assert abs(shadow_direction(ship(phase)) - 50) <= 15
 
 
 @pytest.mark.parametrize('phase', range(36))

@@ -15,7 +15,7 @@ from pathlib import Path
 
 import numpy as np
 from PIL import Image
-from scipy.ndimage import distance_transform_edt, gaussian_filter
+from scipy.ndimage import binary_erosion, distance_transform_edt, gaussian_filter
 
 from common import povray
 from common.noise import smoothstep
@@ -36,12 +36,17 @@ TOLERANCE = 4
 TILT, DROP = 35, 4.5
 FORWARD = 1.4
 # Strength of the sun, of the light from before her and of the sky's.
-LIGHTS = {'Sun': 1.0, 'Front': .40, 'Sky': .26}
+LIGHTS = {'Sun': .96, 'Front': .56, 'Sky': .26}
 # The line round her, in pixels: tar on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
-LINE_WIDTH = 1.5
-CANVAS_OF_HULL, CANVAS_OF_RIG = (.36, .48), (.10, .17)
+LINE_WIDTH = 1.65
+TAR = linear('tar') * .6
+CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .68
+# Sunlit canvas keeps its shading: luminances above KNEE are pressed towards WHITE.
+KNEE, WHITE = .65, 1.095
+# Luminances that stand out from the sea by 3:1, with something to spare.
+DARK, LIGHT = .010, .55
 LUMINANCE = np.array((.2126, .7152, .0722))
 FAINT = .05
 # Samples a pixel, along each axis. A draft shows in half a minute what a change does.
@@ -92,8 +97,9 @@ def render(k, work, libraries):
     check_uncut(k, read_layer(products[3])[..., 3])
     low = read_layer(products[2])[..., 3]
     wood = np.kron(low, np.ones((FINE, FINE)))[::COARSE, ::COARSE]
-    ship = reduce(outlined(read_layer(products[0]), FINE, gaussian_filter(wood, .3 * FINE)), FINE)
-    return ship, reduce(low, COARSE) > .5, read_light(products[1])
+    ship = shouldered(read_layer(products[0]))
+    ship = reduce(outlined(ship, FINE, gaussian_filter(wood, .3 * FINE)), FINE)
+    return cleared(ship), reduce(low, COARSE) > .5, read_light(products[1])
 
 
 def check_uncut(k, whole):
@@ -110,6 +116,15 @@ def write_model(path, k):
     path.write_text(hull.source('Hull') + rig.source('Rig'))
 
 
+def shouldered(ship):
+    """Press the brightest tones together, as film does, instead of cutting them off."""
+    light = (ship[..., :3] / np.maximum(ship[..., 3:], 1e-6) @ LUMINANCE)[..., None]
+    room = WHITE - KNEE
+    pressed = KNEE + room * (1 - np.exp(-np.clip(light - KNEE, 0, None) / room))
+    share = np.where(light > KNEE, pressed / np.maximum(light, 1e-6), 1)
+    return np.concatenate([ship[..., :3] * share, ship[..., 3:]], 2)
+
+
 def outlined(ship, cells, wood):
     """Give the ship an outline: tar on planks and spars, light on the hems of her sails.
 
@@ -120,13 +135,33 @@ def outlined(ship, cells, wood):
     inside = distance_transform_edt(alpha[..., 0] > .5) / cells
     edge = (1 - smoothstep(inside, LINE_WIDTH - .2, LINE_WIDTH + .2))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
-    soft, wood = gaussian_filter(light, (.3 * cells, .3 * cells, 0)), np.clip(wood, 0, 1)[..., None]
+    soft, wood = gaussian_filter(light, (.2 * cells, .2 * cells, 0)), np.clip(wood, 0, 1)[..., None]
     canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (
         1 - wood)
     hem = np.clip(HEM / np.maximum(light, 1e-6), 1, 3)
     lit = np.concatenate([np.minimum(ship[..., :3] * hem, alpha), alpha], 2)
-    line = lit * canvas + layer(linear('tar'), alpha[..., 0]) * (1 - canvas)
+    line = lit * canvas + layer(TAR, alpha[..., 0]) * (1 - canvas)
     return ship + (line - ship) * edge
+
+
+def cleared(ship):
+    """Where the outline still melts into the sea, take the pixel that comes next to standing out
+    from it, on the edge or beside it, all the way."""
+    alpha = ship[..., 3]
+    body = alpha > .5
+    light = ship[..., :3] @ LUMINANCE / np.maximum(alpha, 1e-6)
+    # 0 at both ends of the range that melts into the sea, 1 where it is furthest from them.
+    melts = np.minimum(np.log(np.maximum(light, 1e-4) / DARK), np.log(LIGHT / light.clip(1e-4)))
+    melts = np.where(body, np.clip(melts, 0, None) + 9 * (alpha < .97), 99)
+    out = ship.copy()
+    for y, x in np.argwhere(body & ~binary_erosion(body)):
+        near = [(melts[b, a], b, a) for b in range(max(y - 1, 0), min(y + 2, FRAME))
+                for a in range(max(x - 1, 0), min(x + 2, FRAME))]
+        worst, b, a = min(near)
+        if 0 < worst < 9:
+            goal = DARK if light[b, a] < math.sqrt(DARK * LIGHT) else LIGHT
+            out[b, a, :3] = np.minimum(ship[b, a, :3] * (goal / light[b, a]), alpha[b, a])
+    return out
 
 
 def border():
@@ -146,6 +181,8 @@ def compose(k, ship, light):
     shade = trimmed(reduce(dark, COARSE) * .52 * np.clip(border() / 5, 0, 1))
     foam = trimmed(reduce(wake.foam(k, *moved(k)), wake.CELLS) * .95 * smoothstep(border(), 0, 9))
     under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
+    # Where she covers half a pixel it is hers, or foam would eat into the line round her.
+    under = under * (ship[..., 3:] <= .5)
     return over(ship, under)
 
 

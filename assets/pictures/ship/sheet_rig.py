@@ -5,7 +5,7 @@
 Every mast carries sails of unequal size in tiers. The yards are braced round so that no heading
 shows the sails edge-on; `brace` says how far.
 
-To change: the table MASTS and JIBS; LEAST_BRACE for the yards.
+To change: the table MASTS and JIBS; `brace` for the yards.
 """
 import math
 from dataclasses import dataclass
@@ -34,9 +34,9 @@ class Mast:
 
 
 MASTS = (
-    Mast(-19.5, 46.6, (Sail(24, 12.0, 18.4, 19.8, 4.4, 'T_Course'),
+    Mast(-19.5, 45.8, (Sail(24, 12.0, 18.4, 19.8, 4.4, 'T_Course'),
                      Sail(37.5, 23.0, 13.2, 17.2, 4.8, 'T_Topsail'),
-                     Sail(45.2, 36.4, 8.6, 12.2, 3.2, 'T_Gallant'))),
+                     Sail(44.4, 36.0, 8.6, 12.2, 3.2, 'T_Gallant'))),
     Mast(5.0, 60.5, (Sail(27.5, 13.0, 18.8, 20.4, 4.8, 'T_Course'),
                    Sail(45.5, 26.3, 14.0, 18.0, 5.4, 'T_Topsail'),
                    Sail(57, 44.4, 9.2, 13.2, 3.6, 'T_Gallant'))),
@@ -46,7 +46,7 @@ MASTS = (
 # Headsails: tack, head, clew.
 JIBS = (((-48.2, 7.2, 0), (-21.5, 44, 0), (-27.5, 12, 7.0)),
         ((-41.5, 8.4, 0), (-21, 30, 0), (-24.5, 12, 6.5)))
-LEAST_BRACE = 44
+TOWARDS_BRACE, AWAY_BRACE = 44, 38     # degrees, at the ends of the two ranges of headings
 LIFT = .22
 ROPE, YARD = .11, .55
 PENNANT = 5
@@ -55,10 +55,18 @@ PENNANT = 5
 def brace(k):
     """Degrees by which the yards are turned from square at heading k.
 
-    The yards keep at least LEAST_BRACE away from the line of sight on the water. This makes them
-    swing over twice in a full turn, when she heads right and left: there she tacks.
+    They show one side of the sails on headings away from the viewer, 1 to 17, and the other on
+    those towards him, and stay clear of the line of sight. In between, when she heads right or
+    left, they swing over: there she tacks. Headings that mirror each other have mirrored yards.
     """
-    return LEAST_BRACE - (10 * k % 180) * (2 * LEAST_BRACE - 10) / 170
+    if 0 < k < 18:
+        return AWAY_BRACE * (9 - k) / 8
+    return TOWARDS_BRACE * (27 - (k or 36)) / 9
+
+
+def lee(k):
+    """The side to which the headsails fill, 1 or -1: that of the viewer."""
+    return 1 if 9 < k <= 27 else -1
 
 
 def build(model, k):
@@ -69,8 +77,8 @@ def build(model, k):
         for sail in mast.sails:
             square(model, mast.x - 1.0, sail, turned)
     stays(model)
-    for corners in JIBS:
-        triangle(model, *corners, 2.6)
+    for tack, head, clew in JIBS:
+        triangle(model, tack, head, (clew[0], clew[1], clew[2] * lee(k)), 2.6 * lee(k))
     pennant(model)
 
 
@@ -108,7 +116,7 @@ def square(model, x, sail, turned):
         return (x - ahead * c + z * s, y, z * c + ahead * s)
     for k in (-1, 1):
         model.cone(place(0, sail.yard, 0), YARD, place(-.2, sail.yard, k * (sail.head + .9)),
-                   YARD * .6, 'T_Spar')
+                   YARD * .75, 'T_Spar')
     drop, grid, uv = sail.yard - sail.foot, [], []
     for a in np.linspace(-1, 1, 26):
         belly, row = 1 - abs(a) ** 2.6, []
