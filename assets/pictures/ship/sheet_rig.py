@@ -34,14 +34,17 @@ class Mast:
 
 
 MASTS = (
-    Mast(-19.5, 45.8, (Sail(24, 12.0, 18.4, 19.8, 4.4, 'T_Course'),
-                     Sail(37.5, 23.0, 13.2, 17.2, 4.8, 'T_Topsail'),
-                     Sail(44.4, 36.0, 8.6, 12.2, 3.2, 'T_Gallant'))),
-    Mast(5.0, 60.5, (Sail(27.5, 13.0, 18.8, 20.4, 4.8, 'T_Course'),
-                   Sail(45.5, 26.3, 14.0, 18.0, 5.4, 'T_Topsail'),
-                   Sail(57, 44.4, 9.2, 13.2, 3.6, 'T_Gallant'))),
-    Mast(25.5, 40, (Sail(22, 13.0, 12.2, 13.4, 3.2, 'T_Course'),
-                    Sail(36.5, 21.0, 8.8, 11.8, 3.8, 'T_Topsail'))),
+    Mast(-19.5, 45.8, (
+        Sail(24, 12.0, 18.4, 19.8, 4.4, 'T_Course'),
+        Sail(37.5, 23.0, 13.2, 17.2, 4.8, 'T_Topsail'),
+        Sail(44.4, 36.0, 8.6, 12.2, 3.2, 'T_Gallant'))),
+    Mast(5.0, 60.5, (
+        Sail(27.5, 13.0, 18.8, 20.4, 4.8, 'T_Course'),
+        Sail(45.5, 26.3, 14.0, 18.0, 5.4, 'T_Topsail'),
+        Sail(57, 44.4, 9.2, 13.2, 3.6, 'T_Gallant'))),
+    Mast(25.5, 40, (
+        Sail(22, 13.0, 12.2, 13.4, 3.2, 'T_Course'),
+        Sail(36.5, 21.0, 8.8, 11.8, 3.8, 'T_Topsail'))),
 )
 # Headsails: tack, head, clew.
 JIBS = (((-48.2, 7.2, 0), (-21.5, 44, 0), (-27.5, 12, 7.0)),
@@ -96,8 +99,8 @@ def shrouds(model, mast):
         for k in range(3):
             x = mast.x + 1.2 + 2.2 * k
             t = station(x)
-            model.cylinder((mast.x + .5, low + 1, s * .4), (x, hull.rail(t), s * (hull.top(t) + .3)),
-                           ROPE, 'T_Rope')
+            model.cylinder((mast.x + .5, low + 1, s * .4),
+                           (x, hull.rail(t), s * (hull.top(t) + .3)), ROPE, 'T_Rope')
 
 
 def stays(model):
