@@ -4,8 +4,9 @@
 // The projection is oblique: the water keeps its true plan, so that the hull turns without
 // shrinking and fits the hit boxes, and heights rise straight up the screen by tan(Tilt).
 // Heading: tens of degrees clockwise from left. Pass: 0 colour, 1 shadow on the water, 2 mask of
-// the hull and of all that hangs low, 3 mask of all. Span: pixels of the view. Drop, Aside: pixels by which she is moved in her cell.
-// To change: SunDir turns the light; the colours of the three lights.
+// the hull and of all that hangs low, 3 mask of all. Span: pixels of the view. Drop, Aside:
+// pixels by which she is moved in her cell.
+// To change: SunDir turns the shadow on the water, the first light that on her.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 8 }
 #include "palette.inc"
