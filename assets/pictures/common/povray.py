@@ -6,6 +6,9 @@ from pathlib import Path
 
 from common.palette import pov_include
 
+# What POV-Ray says when a busy machine lets it wait too long for its own threads.
+BUSY, ATTEMPTS = 'Timed out waiting for worker thread', 5
+
 
 def prepare(work, *folders):
     """Write the palette into the work folder; returns the library options for `render`."""
@@ -23,7 +26,10 @@ def render(scene, product, size, libraries, alpha=True, threshold=.2, rows=None,
     command += ['+ER%d' % rows] if rows else []
     command += libraries + ['Declare=%s=%g' % item for item in declared.items()]
     # POV-Ray looks first where it runs: there, no stranger's sea.png may stand in for ours.
-    done = subprocess.run(command, capture_output=True, text=True, check=False,
-                          cwd=Path(product).parent)
+    for _ in range(ATTEMPTS):
+        done = subprocess.run(command, capture_output=True, text=True, check=False,
+                              cwd=Path(product).parent)
+        if BUSY not in done.stderr:
+            break
     if done.returncode:
         raise RuntimeError('povray failed on %s:\n%s' % (scene, done.stderr[-600:]))
