@@ -1,210 +1,206 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The hull: sides, decks, stern, beakhead, guns and what stands on deck.
+"""The hull of the sheet's ship: sides, decks, stern, head, guns and what stands on deck.
 
-To change: the tables below for guns and decks, one function for each part of her.
+Axes: bow towards -x, y up; one unit is a pixel of the sheet. A height of one unit rises by
+tan(Tilt) pixels up the screen. What is thinner than a pixel vanishes, so guns, rails and the wheel
+are larger than life.
+
+To change: `breadth` is her plan, HEIGHTS her decks, the tables below what she carries.
 """
 import math
 
 import numpy as np
 
-from ship.lines import BOW, STERN, position, station
 from ship.mesh import smooth
 
+STERN, BOW, BEAM = 45.0, -41.2, 17.8        # BEAM is half of it
+TUMBLE = .93        # breadth at the rail as a part of the widest
+LEAST_STERN, WIDEST, FULL = .66, .44, .65   # plan: stern's breadth, and where she is widest
+WALE = .42          # height of the widest line, as a part of the rail's
+BULWARK = 1.7       # height of the rail above the deck
+BULWARK_THICK = 1.0
+WAIST, QUARTER, POOP, FORE = 6.4, 8.4, 9.5, 8.2
+BREAKS = (.085, .345, .775)     # stations at which poop, quarterdeck and waist end
+GUNS = (-23.5, -13., -2.5, 8., 18.5)
+GUN_DECK = .53      # height of the ports as a part of the rail's
+TIP = (-49.0, 6.4, 0.)
 STATIONS = np.concatenate([
-    np.linspace(0, .58, 50),
-    .58 + .42 * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
-BREAKS = ((0., .137), (.137, .37), (.37, .75), (.75, .995))     # poop, quarter, waist, fore
-GUN_PORTS = (-24, -17.5, -11, -4.5, 2, 8.5, 15, 21.5, 28, 34.5)
-BATTER = 1.95       # the bulwark leans inwards, so that its red shows from straight above
-DECK_GUNS = (-27, -22., -16., -1., 5, 11, 19.5, 25.5, 31.5)
+    np.linspace(0, FULL, 40), FULL + (1 - FULL) * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
 
 
-def build(model, lines, upright):
-    """`upright` adds what shows only from the side, such as port lids."""
+def breadth(t):
+    """Half breadth as a part of BEAM at station t, 0 at the stern, 1 at the stem."""
+    if t < WIDEST:
+        return LEAST_STERN + (1 - LEAST_STERN) * math.sin(math.pi / 2 * t / WIDEST)
+    if t < FULL:
+        return 1.
+    u = (t - FULL) / (1 - FULL)
+    return max(0., 1 - u ** 3.) ** .66
+
+
+def position(t):
+    return STERN + (BOW - STERN) * t
+
+
+def station(x):
+    return (x - STERN) / (BOW - STERN)
+
+
+def deck(t):
+    poop, quarter, waist = BREAKS
+    y = WAIST + (QUARTER - WAIST) * (1 - smooth(t, quarter - .004, quarter + .004))
+    y += (POOP - QUARTER) * (1 - smooth(t, poop - .004, poop + .004))
+    y += (FORE - WAIST) * smooth(t, waist - .004, waist + .004)
+    return y + .8 * (2 * (t - .5)) ** 2
+
+
+def rail(t):
+    return deck(t) + BULWARK
+
+
+def side(t):
+    return BEAM * breadth(t)
+
+
+def top(t):
+    return side(t) * TUMBLE
+
+
+def build(model):
     for s in (-1, 1):
-        side(model, lines, s)
-        bulwark_and_rail(model, lines, s)
-    decks(model, lines)
-    stern(model, lines)
-    beakhead(model, lines)
-    if upright:
-        knee(model, lines)
-    furniture(model, lines)
-    for s in (-1, 1):
-        broadside(model, lines, s, upright)
-        deck_guns(model, lines, s)
+        planking(model, s)
+        bulwark(model, s)
+        guns(model, s)
+    decks(model)
+    stern(model)
+    head(model)
+    furniture(model)
 
 
-def side(model, lines, s):
+def planking(model, s):
     grid, uv = [], []
     for t in STATIONS:
-        rail, wide, narrow = lines.rail(t), lines.side(t), lines.top(t)
-        ratio = narrow / max(wide, 1e-6)
-        profile = [(-3, .72), (-1, .86), (1.0, .965), (2.6, 1.0), (4.2, .99),
-                   (.5 * (4.2 + rail), .495 + .5 * ratio), (rail, ratio)]
-        rake = lines.rake * smooth(t, .8, 1.)
-        hollow = .40 * smooth(t, .72, 1.)
-        tuck = 0 if t > .02 else -.125
-        grid.append([(position(t) + rake * (1 - k / 6) + tuck * (6 - k),
-                      y if k > 4 else y * lines.tall,
-                      s * wide * q * (1 - hollow * max(0, 1 - k / 4)))
+        high, wide, x = rail(t), side(t), position(t)
+        rake, fine = 2.6 * smooth(t, .86, 1.), .24 * smooth(t, .7, 1.)
+        profile = [(0, .93), (.25 * WALE * high, .96), (.5 * WALE * high, .98), (WALE * high, 1.),
+                   (.75 * high, .5 * (1 + TUMBLE)), (high, TUMBLE)]
+        grid.append([(x + rake * (1 - y / high), y,
+                      s * wide * q * (1 - fine * max(0, 1 - k / 4)))
                      for k, (y, q) in enumerate(profile)])
-        uv.append([(t, k / 6) for k in range(7)])
-    model.surface(grid, 'T_Hull', uv)
-    wale = [(position(t) + lines.rake * .5 * smooth(t, .8, 1), 2.5 * lines.tall,
-             s * (lines.side(t) * 1.005 + .12)) for t in STATIONS]
-    model.sweep(wale, .38, 'T_Dark', 'linear_spline')
+        uv.append([(t, y / high) for y, _ in profile])
+    model.surface(grid, 'T_Side', uv)
 
 
-def bulwark_and_rail(model, lines, s):
-    model.surface([[(position(t), lines.rail(t), s * max(0, lines.top(t) - .55)),
-                    (position(t), lines.deck(t) + .35, s * max(0, lines.top(t) - BATTER)),
-                    (position(t), lines.deck(t) - .4, s * max(0, lines.top(t) - BATTER))]
-                   for t in STATIONS], 'T_Bulwark')
-    cap = []
+def bulwark(model, s):
+    """The bulwark's inner side, and the rail on top of it."""
+    inner, cap = [], []
     for t in STATIONS:
-        r, y, x = lines.top(t), lines.rail(t), position(t)
-        outer = x - .5 * smooth(t, .9, 1)
-        cap.append([(outer, y - .1, s * (r + .45)), (outer, y + .25, s * (r + .35)),
-                    (x, y + .3, s * max(0, r - .55)), (x, y - .1, s * max(0, r - .95))])
-    model.surface(cap, 'T_Rail')
+        x, y, r = position(t), rail(t), top(t)
+        inner.append([(x, y, s * max(0, r - .7)), (x, deck(t) - .3,
+                                                   s * max(0, r - BULWARK_THICK))])
+        cap.append([(x, y - .25, s * (r + .4)), (x, y + .25, s * (r + .3)),
+                    (x, y + .25, s * max(0, r - .8)), (x, y - .25, s * max(0, r - .95))])
+    model.surface(inner, 'T_Inner')
+    model.surface(cap, 'T_Cap')
 
 
-def decks(model, lines):
-    walls = ((None, lines.deck(.25) - .3), (None, lines.deck(.55) - .3), (None, None),
-             (lines.deck(.55) - .3, None))
-    for (t0, t1), ends in zip(BREAKS, walls):
-        middle = (t0 + t1) / 2
-        grid = []
-        for t in np.linspace(t0, t1, 24):
-            r = max(0, lines.top(t) - .5)
-            sheer = lines.tall * .8 * ((2 * t - 1) ** 2 - (2 * middle - 1) ** 2)
-            grid.append([(position(t), lines.deck(middle) + .3 * (1 - q * q) + sheer, q * r)
-                         for q in np.linspace(-1, 1, 9)])
-        model.surface(grid, 'T_Deck', mapped=False)
-        for t, low in zip((t0, t1), ends):
-            if low is not None:
-                bulkhead(model, position(t), low, lines.deck(middle) + .3, lines.top(t) - .5)
+def decks(model):
+    poop, quarter, waist = BREAKS
+    for t0, t1, texture in ((0., poop, 'T_Planks'), (poop, quarter, 'T_Planks'),
+                            (quarter, waist, 'T_Waist'), (waist, .995, 'T_Planks')):
+        middle, grid = (t0 + t1) / 2, []
+        for t in np.linspace(t0, t1, 20):
+            r = max(0, top(t) - .8)
+            sheer = .8 * ((2 * t - 1) ** 2 - (2 * middle - 1) ** 2)
+            grid.append([(position(t), deck(middle) + sheer + .3 * (1 - q * q), q * r)
+                         for q in np.linspace(-1, 1, 7)])
+        model.surface(grid, texture, mapped=False)
+    for t in BREAKS:
+        break_of_deck(model, t)
 
 
-def bulkhead(model, x, low, high, r):
-    """Wall at a break of the deck, with a balustrade on top."""
-    model.box((x - .15, low, -r), (x + .15, high, r), 'T_Wall')
-    model.box((x - .25, high + 1.0, -r), (x + .25, high + 1.35, r), 'T_Rail')
-    for z in np.linspace(-r, r, 13):
-        model.box((x - .13, high, z - .13), (x + .13, high + 1.05, z + .13), 'T_Rail')
+def break_of_deck(model, t):
+    """The wall at a step of the deck, with its balustrade and two ladders."""
+    low, high = sorted((deck(t - .03), deck(t + .03)))
+    down = 1 if deck(t - .03) < deck(t + .03) else -1
+    x, r = position(t), top(t) - .7
+    model.box((x - .2, low - 1, -r), (x + .2, high + .25, r), 'T_Wall')
+    model.box((x - .5, high + 1.1, -r), (x + .5, high + 1.6, r), 'T_Gilt')
+    for z in np.linspace(-r, r, 9):
+        model.box((x - .2, high, z - .3), (x + .2, high + 1.2, z + .3), 'T_Cap')
+    for z in (-.62 * r, .62 * r):
+        for k in range(3):
+            reach = x + down * (.6 + .8 * k)
+            model.box((reach - .4, low, z - 1.1), (reach + .4, high - .6 * k, z + 1.1), 'T_Step')
 
 
-def half_disc(model, y0, y1, length, half, texture):
-    """A gallery's floor or wall: half an ellipse standing out from the stern."""
-    model.raw('difference{cylinder{<%f,%f,0>,<%f,%f,0>,1 scale <%f,1,%f> translate <%f,0,0>} '
-              'box{<-200,-200,-200>,<%f,200,200>} texture{%s}}' % (
-                  0, y0, 0, y1, length, half, STERN, STERN - .05, texture))
+def stern(model):
+    high, wide = rail(0), side(0)
+    half = [(0, .84 * wide), (1.6, .97 * wide), (WALE * high, wide), (high, wide * TUMBLE)]
+    model.polygon([(STERN, y, -z) for y, z in half] + [(STERN, high + .3, 0)]
+                  + [(STERN, y, z) for y, z in half[::-1]], 'T_Stern')
+    r = wide * TUMBLE
+    model.box((STERN - .7, high - .6, -r - .3), (STERN + .3, high + .3, r + .3), 'T_Gilt')
+    model.box((STERN, high * .30, -r * .97), (STERN + .8, high * .30 + 1.1, r * .97), 'T_Gilt')
+    for k in range(-2, 3):
+        z, w = k * 4.3, 1.45
+        model.box((STERN, high * .46, z - w), (STERN + .45, high * .80, z + w), 'T_Pane')
 
 
-def stern(model, lines):
-    top, wide, rail = lines.top(0) + .2, lines.side(0), lines.rail(0)
-    tall = lines.tall
-    outline = [(-1, .7 * wide), (2.6 * tall, wide), (4.2 * tall, .99 * wide), (rail, top)]
-    points = [(STERN, y, -z) for y, z in outline] + [(STERN, rail + 1.2, 0)]
-    model.polygon(points + [(STERN, y, z) for y, z in outline[::-1]], 'T_Stern')
-    gallery = lines.deck(.25) - 1.0
-    poop = lines.deck(.06)
-    for y0, y1, length, part in ((gallery - 2.6, gallery - 2.1, 1.9, .97),
-                                 (gallery + .6, gallery + 1.1, 2.2, .95),
-                                 (poop + .9, poop + 1.5, 1.7, .9)):
-        half_disc(model, y0, y1, length * 1.35, (top + .6) * 1.02 * part / .95, 'T_Gold')
-    half_disc(model, gallery - 2.1, gallery + .6, 2.16, top * .98, 'T_Gallery')
-    for z in (-6.2, 0, 6.2):
-        model.cylinder((STERN + 1.2, rail, z), (STERN + 1.6, rail + 2, z), .22, 'T_Dark')
-        model.sphere((STERN + 1.2, rail + 2.5, z), 1.3, 'T_Lantern')
+def head(model):
+    """Beakhead, figurehead, catheads and bowsprit."""
+    y = deck(.97)
+    model.cone((BOW + 5, y - 2, 0), 2.4, (BOW - 4.5, y * .68, 0), .9, 'T_Tar')
+    model.polygon([(BOW + 4, y - .4, -5.0), (BOW + 4, y - .4, 5.0), (BOW - 4.5, y - 1.0, 0)],
+                  'T_Wood')
     for s in (-1, 1):
-        model.raw('sphere{0,1 scale <3.2,2.6,1.5> translate <%f,%f,%f> texture{T_Gold}}' % (
-            STERN - 2.4, gallery - .8, s * lines.side(.02) * .93))
+        model.sweep([(BOW + dx, y + dy, s * z) for dx, dy, z in
+                     ((8, .2, 8.0), (4, .2, 5.4), (0, 0, 3.0), (-2.6, -.3, 1.3), (-5, -.5, .3),
+                      (-6, -.2, 0))], .5, 'T_Gilt')
+        t = station(-31)
+        model.cone((-30, rail(t), s * (top(t) - 2)), .8, (-33.4, rail(t) + .2, s * (top(t) + 1.6)),
+                   .65, 'T_Spar')
+    model.cone((-29, y + .9, 0), 1.15, (-41, y - .1, 0), .9, 'T_Mast')
+    model.cone((-41, y - .1, 0), .9, TIP, .55, 'T_Spar')
 
 
-def beakhead(model, lines):
-    y = lines.deck(.97)
-    model.cone((BOW + 3, y - 2, 0), 2.6, (BOW - 6, y - .4, 0), .6, 'T_Dark')
-    for s in (-1, 1):
-        rails = [(6, -.2, 7), (3, -.2, 6), (-1, -.6, 3.2), (-4, -.4, 1.5), (-6.4, .4, .2),
-                 (-8, 1, 0)]
-        model.sweep([(BOW + dx, y + dy, s * z) for dx, dy, z in rails], .38, 'T_Gold')
-    model.polygon([(BOW + 2, y - .7, -5), (BOW + 2, y - .7, 5), (BOW - 6, y - .5, 0)], 'T_Deck')
+def guns(model, s):
+    """Every port has its gun behind it on deck: one row, seen from inside and from outside."""
+    for x in GUNS:
+        t = station(x)
+        wide, high = side(t), rail(t)
+        port = GUN_DECK * high
+        model.box((x - 1.3, port - 1.1, s * wide * .9), (x + 1.3, port + 1.1, s * (wide + .1)),
+                  'T_Port')
+        model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + 1.2)), .7, 'T_Muzzle')
+        y, r = deck(t) + .3, top(t) - BULWARK_THICK
+        model.box((x - 1.35, y, s * (r - 3.6)), (x + 1.35, y + .9, s * (r - .4)), 'T_Carriage')
+        model.cone((x, y + 1.4, s * (r - 4.6)), 1.0, (x, y + 1.4, s * (r + .6)), .75, 'T_Gun')
 
 
-def knee(model, lines):
-    """The cutwater: a curved timber from below the waterline up to the figurehead."""
-    y = lines.deck(.97)
-    front = [(7.5, -3), (4.5, 0), (2., .25 * y), (.2, .45 * y), (-2, .62 * y), (-5, .76 * y),
-             (-8.2, .88 * y), (-9.6, y)]
-    back = [(-7.4, 1.04 * y), (-3, .92 * y), (3, .85 * y), (9, .3 * y), (10, -3)]
-    for z in (-.7, .7):
-        model.polygon([(BOW + dx, h, z) for dx, h in front + back], 'T_Dark')
-    model.surface([[(BOW + dx, h, -.7), (BOW + dx, h, .7)] for dx, h in front], 'T_Gold')
-    model.raw('sphere{0,1 scale <1.1,2.4,1> rotate z*24 translate <%f,%f,0> texture{T_Gold}}' % (
-        BOW - 9.2, y + .6))
-    model.sphere((BOW - 10.4, y + 3.2, 0), .85, 'T_Gold')
+def furniture(model):
+    waist, quarter = deck(.55) + .3, deck(.24) + .3
+    poop, fore = deck(.06) + .3, deck(.87) + .3
+    for x, lx, lz in ((-12.0, 3.0, 3.0), (12.2, 2.6, 3.0)):
+        model.box((x - lx - .7, waist - .2, -lz - .7), (x + lx + .7, waist + .6, lz + .7), 'T_Cap')
+        model.box((x - lx, waist, -lz), (x + lx, waist + .8, lz), 'T_Hatch')
+    wheel(model, 33.0, quarter)
+    model.box((29.6, quarter, -1.1), (31.0, quarter + 1.6, 1.1), 'T_Wood')
+    model.box((18.6, quarter, -2.4), (21.6, quarter + .9, 2.4), 'T_Cap')
+    model.box((19.2, quarter, -1.9), (21.0, quarter + 1.1, 1.9), 'T_Hatch')
+    model.box((40.0, poop, -2.6), (43.2, poop + 1.0, 2.6), 'T_Wood')
+    model.box((40.5, poop + .5, -2.1), (42.7, poop + 1.2, 2.1), 'T_Pane')
+    model.cylinder((-29.5, fore, 0), (-29.5, fore + 1.6, 0), 1.7, 'T_Wood')
+    model.cylinder((-29.5, fore + 1.6, 0), (-29.5, fore + 2.1, 0), 2.2, 'T_Cap')
 
 
-def grating(model, x, z, lx, lz, y):
-    model.box((x - lx - .4, y - .2, z - lz - .4), (x + lx + .4, y + .7, z + lz + .4), 'T_Rail')
-    model.box((x - lx, y - .1, z - lz), (x + lx, y + .75, z + lz), 'T_Grate')
-
-
-def ships_boat(model, x, y, z, length, half):
-    model.raw('difference{sphere{0,1 scale <%f,1.7,%f>} sphere{0,1 scale <%f,1.45,%f> '
-              'translate .35*y} box{<-9,.55,-9>,<9,9,9>} texture{T_Boat} '
-              'translate <%f,%f,%f>}' % (length, half, length * .92, half * .8, x, y, z))
-    for k in (-.5, 0, .45):
-        model.box((x + k * length - .25, y + .25, z - half * .8),
-                  (x + k * length + .25, y + .45, z + half * .8), 'T_Rail')
-
-
-def furniture(model, lines):
-    waist, quarter = lines.deck(.55), lines.deck(.25)
-    poop, fore = lines.deck(.06), lines.deck(.88)
-    for x, lx, lz in ((-12, 2.4, 2.6), (-5.5, 1.6, 2.2), (11.5, 1.5, 2.2)):
-        grating(model, x, 0, lx, lz, waist + .3)
-    for z in (-5.2, 5.2):
-        ships_boat(model, -4.5, waist + 1.8, z, 5.2, 1.7)
-    q = quarter + .3
-    model.cylinder((21, q, 0), (21, q + 1.6, 0), 1.25, 'T_Rail')
-    model.cylinder((21, q + 1.6, 0), (21, q + 1.9, 0), 1.6, 'T_Mast')
-    model.box((35.0, q, -1.9), (35.9, q + 1.2, 1.9), 'T_Glass')
-    model.raw('torus{1.35,.22 rotate 90*z translate <25.2,%f,0> texture{T_Mast}}' % (q + 1.6))
-    p = poop + .3
-    model.box((38.2, p, -2.2), (41.8, p + 1.2, 2.2), 'T_Rail')
-    model.box((38.6, p + .2, -1.8), (41.4, p + 1.4, 1.8), 'T_Glass')
-    model.box((-17.2, fore, -1.2), (-16.2, fore + 1.8, 1.2), 'T_Rail')
-    model.sphere((-16.7, fore + 2.1, 0), .55, 'T_Gold')
-    for s in (-1, 1):
-        for k in range(5):
-            x = position(.37) - k * .6
-            model.box((x - .4, waist + .2, s * 5.8 - 1.1), (x + .2, quarter - .5 * k,
-                                                           s * 5.8 + 1.1), 'T_Rail')
-
-
-def broadside(model, lines, s, upright):
-    y = 3.6 * lines.tall
-    for x in GUN_PORTS + ((-29.8,) if upright else ()):
-        wide = lines.side(station(x))
-        model.box((x - .95, y - .9, s * (wide * .97 - .25)),
-                  (x + .95, y + .9, s * (wide * .99 + .2)), 'T_Port')
-        if upright:
-            model.box((x - .95, y + .95, s * wide * .99),
-                      (x + .95, y + 1.15, s * (wide * .99 + 1.6)), 'T_PortLid')
-        # Guns are thicker than life: slender ones vanish at the size of the sheet.
-        model.cone((x, y, s * wide * .7), .8, (x, y, s * (wide + 2.2)), .6, 'T_Gun')
-        model.cylinder((x, y, s * (wide + 1.8)), (x, y, s * (wide + 2.3)), .78, 'T_Gun')
-
-
-def deck_guns(model, lines, s):
-    for x in DECK_GUNS:
-        r = lines.top(station(x))
-        y = lines.deck(.55) + .35 if -14 < x < 17.9 else lines.deck(station(x)) + .4
-        model.box((x - 1, y, s * (r - 4.2)), (x + 1, y + .8, s * (r - 1.2)), 'T_Carr')
-        model.cone((x, y + 1.25, s * (r - 4.6)), .85, (x, y + 1.25, s * (r + 1)), .55, 'T_Gun')
-
-
+def wheel(model, x, y):
+    """The steering wheel, on its drum."""
+    middle = y + 2.8
+    model.raw('torus{2.5,.40 rotate 90*z translate <%f,%f,0> texture{T_Helm}}' % (x, middle))
+    for k in range(2):
+        a = math.pi * (k / 2 + .25)
+        dy, dz = 3.4 * math.sin(a), 3.4 * math.cos(a)
+        model.cylinder((x, middle - dy, -dz), (x, middle + dy, dz), .26, 'T_Helm')
+    model.box((x + .2, y, -1.0), (x + 1.4, y + 1.2, .9), 'T_Spar')

@@ -21,7 +21,7 @@ from common import povray
 from common.noise import smoothstep
 from common.palette import linear
 from common.raster import layer, over, read_layer, read_light, reduce, to_image
-from ship import sheet_hull, sheet_rig, wake
+from ship import hull, rig, wake
 from ship.mesh import Model
 
 HERE = Path(__file__).resolve().parent
@@ -110,10 +110,10 @@ def check_uncut(k, whole):
 
 
 def write_model(path, k):
-    hull, rig = Model(), Model()
-    sheet_hull.build(hull)
-    sheet_rig.build(rig, k)
-    path.write_text(hull.source('Hull') + rig.source('Rig'))
+    wood, cloth = Model(), Model()
+    hull.build(wood)
+    rig.build(cloth, k)
+    path.write_text(wood.source('Hull') + cloth.source('Rig'))
 
 
 def shouldered(ship):

@@ -10,7 +10,7 @@
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 8 }
 #include "palette.inc"
-#include "sheet_textures.inc"
+#include "ship_textures.inc"
 #include "ship.inc"
 #declare Tan = tan(radians(Tilt));
 camera{ orthographic location <-Aside,300,-300*Tan + Drop> direction <0,-1,Tan>*300

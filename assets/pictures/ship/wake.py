@@ -12,7 +12,7 @@ import math
 import numpy as np
 from scipy.ndimage import gaussian_filter, map_coordinates
 
-from ship.sheet_hull import BEAM, BOW, STERN, breadth
+from ship.hull import BEAM, BOW, STERN, breadth
 
 CELLS = 4           # cells a sheet pixel
 FRAME = 100
