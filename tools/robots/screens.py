@@ -2,9 +2,12 @@
 # SPDX-License-Identifier: MIT
 """The way through the screens around the battle: knowing them by their pixels, and their keys."""
 
+import contextlib
+import time
 from functools import lru_cache
 
 from .artwork import BUTTON_HEIGHT, BUTTON_WIDTH, difference, likeness
+from .stage import NeverSeen
 from .text import CREDITS_TITLE, HELP, game_over
 
 NEW_GAME, HELP_BUTTON, CREDITS_BUTTON, QUIT = range(4)
@@ -82,6 +85,41 @@ class Guide:
     def choose(self, button):
         self.focus(button)
         self.stage.tap("Return")
+
+    def seek(self, button, timeout=20):
+        """Focuses a button from wherever the focus is, also when a key gets lost."""
+        deadline = time.monotonic() + timeout
+        while self.focus_shown(self.stage.picture()) != button:
+            if time.monotonic() > deadline:
+                raise NeverSeen(f"never seen in {timeout} s: the menu with focus {button}")
+            before = self.focus_shown(self.stage.picture())
+            self.stage.tap("Down")
+            with contextlib.suppress(NeverSeen):
+                self.stage.wait_for(
+                    lambda picture, before=before:
+                    self.focus_shown(picture) not in (before, "fading"), "a change of focus", 3)
+
+    def focus_shown(self, picture):
+        """The focused button of a menu, None for a menu without a focus, or "fading"."""
+        for focus in (None, 0, 1, 2, 3):
+            if self.shows_menu(picture, focus):
+                return focus
+        return "fading"
+
+    def recognise(self, picture):
+        """The name of the screen at rest that a picture shows, or None."""
+        if self.focus_shown(picture) != "fading":
+            return "menu"
+        if self.lookout.is_battle(picture):
+            return "battle"
+        if self.shows_text(picture, HELP):
+            return "help"
+        if self.shows_credits(picture):
+            return "credits"
+        for winner in (1, 2):
+            if self.shows_text(picture, game_over(winner)):
+                return f"game over {winner}"
+        return None
 
     def start_battle(self):
         self.choose(NEW_GAME)

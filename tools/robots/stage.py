@@ -20,7 +20,11 @@ LOOK_INTERVAL = 0.004  # seconds; a quarter of a frame, so that no frame goes by
 
 
 class StageError(Exception):
-    """Something that should have appeared on the display never did."""
+    """The game did what it should not."""
+
+
+class NeverSeen(StageError):
+    """Something that should have appeared on the display did not, or not in time."""
 
 
 class VirtualDisplay:
@@ -30,7 +34,7 @@ class VirtualDisplay:
         reader, writer = os.pipe()
         self.process = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
-             "-fbdir", str(directory), "-nolisten", "tcp", "-noreset"],
+             "-fbdir", str(directory), "-nolisten", "tcp", "-noreset", "-nocursor"],
             pass_fds=[writer], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL)
         os.close(writer)
@@ -204,7 +208,7 @@ class Stage:
                 raise StageError(f"the game ended ({self.game.returncode}) before {what}: "
                                  + self.messages())
             if time.monotonic() > deadline:
-                raise StageError(f"never seen in {timeout} s: {what}")
+                raise NeverSeen(f"never seen in {timeout} s: {what}")
             time.sleep(LOOK_INTERVAL)
 
     # The end
@@ -214,8 +218,10 @@ class Stage:
 
     def finish(self, timeout=20):
         """Waits for the game to end by itself; its exit status and all it wrote."""
-        status = self.game.wait(timeout)
-        return status, self.messages()
+        try:
+            return self.game.wait(timeout), self.messages()
+        except subprocess.TimeoutExpired:
+            raise StageError(f"the game did not end in {timeout} s") from None
 
 
 def to_image(picture):

@@ -1,0 +1,226 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Remembering: what the pictures so far tell of the sea, both ships and the cannonballs.
+
+Places are top left corners in world pixels, headings are radians (0 down, growing to the left on
+the display), speeds are pixels per frame. A frame of the game at its full pace takes 16 ms.
+"""
+
+import math
+from collections import deque
+
+from .artwork import PHASES
+from .see import BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, SHIP, aim_viewport
+
+FRAME = 0.016  # seconds
+TOP_SPEEDS = (6, 5)
+TURN = 0.05  # radians per frame
+FULL_TURN = 6.282
+HEADING_OF_PHASE_0 = 4.911
+STEP = FULL_TURN / PHASES
+BARRIERS_OF_TYPE = (1, 3, 9)
+HITS = 10  # to sink a ship
+RELOAD, TELEPORT_RELOAD = 120, 300  # frames
+RECENT = 0.25  # seconds over which speeds are measured
+UNDER_WAY = 1.0  # pixels per frame
+
+
+def phase_of(heading):
+    """The sprite that the game shows for a heading."""
+    return int((HEADING_OF_PHASE_0 - heading) % FULL_TURN * PHASES / FULL_TURN)
+
+
+def heading_of(phase):
+    """The middle of the headings that one sprite stands for."""
+    return HEADING_OF_PHASE_0 - (phase + 0.5) * STEP
+
+
+def turn_between(start, end):
+    """The shortest turn from one heading to another, positive to the left."""
+    return math.remainder(end - start, math.tau)
+
+
+def overlap(a, b):
+    return a[1] + a[3] > b[1] and a[1] < b[1] + b[3] and a[0] + a[2] > b[0] and a[0] < b[0] + b[2]
+
+
+class Track:
+    """What is known of one ship."""
+
+    def __init__(self, player):
+        self.player = player
+        self.look = None  # where its viewport looks
+        self.in_view = None  # where it was seen in its viewport, None while it is hidden
+        self.place = None
+        self.phase = None
+        self.hits = 0  # taken
+        self.bar = None  # width, None when it was not readable
+        self.dial = FULL_DIAL
+        self.reload = RELOAD  # frames that the dial stands for
+        self.jumped = -math.inf  # when it teleported
+        self.hit = -math.inf  # when it was last hit
+        self.fired_at = 0.0  # the speed at which it fired its last shot
+        self.trail = deque(maxlen=60)  # (time, place, phase)
+
+    def since(self, seconds):
+        """The oldest entry of the trail that is not older than this."""
+        now = self.trail[-1][0]
+        return next(entry for entry in self.trail if now - entry[0] <= seconds)
+
+    @property
+    def velocity(self):
+        (then, (x1, y1), _), (now, (x2, y2), _) = self.since(RECENT), self.trail[-1]
+        frames = max(now - then, FRAME) / FRAME
+        most = TOP_SPEEDS[self.player]
+        return tuple(max(-most, min(most, way / frames)) for way in (x2 - x1, y2 - y1))
+
+    @property
+    def speed(self):
+        return math.hypot(*self.velocity)
+
+    @property
+    def turning(self):
+        """Radians per frame, positive to the left."""
+        (then, _, first), (now, _, last) = self.since(RECENT), self.trail[-1]
+        if first is None or last is None or now == then:
+            return 0.0
+        turned = ((first - last + PHASES // 2) % PHASES - PHASES // 2) * STEP
+        return max(-TURN, min(TURN, turned * FRAME / (now - then)))
+
+    @property
+    def heading(self):
+        return heading_of(self.phase)
+
+    @property
+    def loaded_in(self):
+        """Frames until the cannon can fire."""
+        return (FULL_DIAL - self.dial) * self.reload / FULL_DIAL
+
+
+class Chart:
+    """The memory of a duel. Feed it every picture that was read."""
+
+    def __init__(self, lookout):
+        self.lookout = lookout
+        self.ships = (Track(0), Track(1))
+        self.barriers = {}  # (type, x, y) in the world: how often it was seen
+        self.balls = []  # places, as seen last
+        self.time = -math.inf
+        self.doubts = 0
+
+    @property
+    def is_complete(self):
+        """True when both ships have been found."""
+        return all(ship.phase is not None for ship in self.ships)
+
+    @property
+    def distance(self):
+        return math.dist(self.ships[0].place, self.ships[1].place)
+
+    def rectangles(self):
+        """The barriers as (x, y, w, h)."""
+        sizes = self.lookout.barrier_sizes
+        return [(x, y, *sizes[kind]) for kind, x, y in self.barriers]
+
+    def update(self, time, halves):
+        elapsed, self.time = time - self.time, time
+        balls = set()
+        for ship, half in zip(self.ships, halves):
+            if half.water is not None:
+                self._locate(ship, half, elapsed)
+                balls.update((ship.look[0] + x, ship.look[1] + y) for x, y in half.balls)
+            self._read_gauges(ship, half)
+        self.balls = sorted(balls)
+
+    def _locate(self, ship, half, elapsed):
+        looks = self.lookout.looks(half.water)
+        values = {look: self._agreement(look, half.barriers) for look in looks}
+        jumped = ship.look is None
+        if not jumped:
+            reach = 1.5 * TOP_SPEEDS[ship.player] * min(elapsed / FRAME, 60) + 30
+            look = max(looks, key=lambda look: values[look]
+                       - 0.6 * (math.dist(look, ship.look) > reach)
+                       - math.dist(look, ship.look) / 10000)
+            jumped = math.dist(look, ship.look) > reach
+        if jumped:
+            # Each place to which a ship can be put shows other water.
+            look = max(looks, key=lambda look: values[look] - from_start(look) / 20)
+            ship.jumped = self.time if ship.look else -math.inf
+            ship.trail.clear()
+        ship.look = look
+        self._find(ship, half.ships, jumped)
+        self._note_barriers(look, half.barriers)
+
+    def _find(self, ship, seen, jumped):
+        expected = [CENTRE[axis] if 0 < ship.look[axis] < LAST_LOOK[axis]
+                    else 100 if jumped or ship.place is None
+                    else min(max(ship.place[axis] - ship.look[axis], 0), LAST)
+                    for axis in (0, 1)]
+        phases = ship.phase is not None
+        near = [((x, y), phase) for x, y, phase in seen if math.dist((x, y), expected) < 45]
+        ship.in_view = None
+        if near:
+            place, phase = min(near, key=lambda found: (
+                math.dist(found[0], expected) + 2 * phases * abs(
+                    (found[1] - (ship.phase or 0) + PHASES // 2) % PHASES - PHASES // 2)))
+            if math.dist(place, expected) < 12 or self._is_at_border(ship.look):
+                ship.in_view, ship.phase, expected = place, phase, place
+        ship.place = (ship.look[0] + expected[0], ship.look[1] + expected[1])
+        ship.trail.append((self.time, ship.place, ship.phase))
+
+    @staticmethod
+    def _is_at_border(look):
+        return any(look[axis] in (0, LAST_LOOK[axis]) for axis in (0, 1))
+
+    def _agreement(self, look, barriers):
+        """How many barriers are seen where they are known to be, less those that cannot be."""
+        total = 0
+        for barrier in self._in_world(look, barriers):
+            if barrier in self.barriers:
+                total += 1
+            elif not self._is_possible(barrier):
+                total -= 1
+        return total
+
+    @staticmethod
+    def _in_world(look, barriers):
+        return [(kind, look[0] + x, look[1] + y) for kind, x, y in barriers]
+
+    def _is_possible(self, barrier):
+        kind = barrier[0]
+        if sum(known[0] == kind for known in self.barriers) >= BARRIERS_OF_TYPE[kind]:
+            return False
+        place = (*barrier[1:], *self.lookout.barrier_sizes[kind])
+        return not any(overlap(place, known) for known in self.rectangles())
+
+    def _note_barriers(self, look, barriers):
+        wrong = 0
+        for barrier in self._in_world(look, barriers):
+            if barrier in self.barriers or self._is_possible(barrier):
+                self.barriers[barrier] = self.barriers.get(barrier, 0) + 1
+            else:
+                wrong += 1
+        self.doubts = self.doubts + 1 if wrong else max(0, self.doubts - 1)
+        if self.doubts > 20:
+            self.barriers.clear()
+            self.doubts = 0
+
+    def _read_gauges(self, ship, half):
+        if half.bar is not None:
+            hits = HITS - round(half.bar / BAR_WIDTH * HITS)
+            if hits > ship.hits:
+                ship.hit = self.time
+            ship.hits = max(ship.hits, hits)
+        ship.bar = half.bar
+        if half.dial < ship.dial - 1 and ship.trail:
+            ship.fired_at = ship.speed
+            ship.reload = TELEPORT_RELOAD if self.time - ship.jumped < 0.5 else RELOAD
+        ship.dial = half.dial
+
+
+START_LOOKS = [aim_viewport(x, y) for x in range(100, 701, 100) for y in range(100, 701, 100)]
+
+
+def from_start(look):
+    """How far a viewport is from that of a ship which was just placed."""
+    return min(math.dist(look, start) for start in START_LOOKS)

@@ -1,0 +1,58 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Pressing: the keys of one player, held as the pilot wishes."""
+
+import time
+
+KEYS = (
+    {"left": "a", "right": "d", "forward": "w", "fire": "Tab", "fire2": "space", "teleport": "z"},
+    {"left": "Left", "right": "Right", "forward": "Up", "fire": "Return", "fire2": "Return",
+     "teleport": "Delete"},
+)
+# The game takes a press in the same frame as the release of the key for nothing.
+APART = 0.04
+# A fire key stays down until the frame that sees it has surely passed.
+SHORTEST = 0.05
+
+
+class Hands:
+    """Keeps the keys that are really down equal to those wished for."""
+
+    def __init__(self, stage, player):
+        self.stage = stage
+        self.keys = KEYS[player]
+        self.wanted = frozenset()
+        self.turn_until = 0.0
+        self.pressed = {}  # key: when
+        self.released = {}
+
+    def wish(self, wish):
+        """Takes the pilot's wish. It is carried out by this and later calls of move."""
+        self.wanted = wish.keys
+        self.turn_until = time.monotonic() + wish.turn
+        self.move()
+
+    def move(self):
+        """Presses and releases what is due; to be called often. Returns when it is due next."""
+        now = time.monotonic()
+        keys = {self.keys[action] for action in self.wanted
+                if action not in ("left", "right") or now < self.turn_until}
+        for key in [key for key in self.pressed if key not in keys]:
+            if now - self.pressed[key] >= (SHORTEST if key not in self._helm() else 0):
+                del self.pressed[key]
+                self.released[key] = now
+                self.stage.release(key)
+        for key in keys - set(self.pressed):
+            if now - self.released.get(key, 0.0) >= APART:
+                self.pressed[key] = now
+                self.stage.press(key)
+
+    def _helm(self):
+        return self.keys["left"], self.keys["right"]
+
+    def let_go(self):
+        """Releases every key."""
+        self.wanted = frozenset()
+        for key in list(self.pressed):
+            del self.pressed[key]
+            self.stage.release(key)

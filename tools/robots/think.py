@@ -1,0 +1,240 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""Deciding: which keys a pilot holds now, from what the chart remembers. No decision can fail.
+
+Every decision weighs some dozens of headings. Of each it is known how far the ship gets on it
+within the next moments, by the game's own rules of sailing, and where it is then.
+"""
+
+import math
+from collections import namedtuple
+
+import numpy
+
+from .chart import FRAME, STEP, TOP_SPEEDS, TURN, heading_of, turn_between
+from .see import FULL_DIAL, LAST, SHIP
+
+BALL_SPEEDS = (6, 7)
+BALL = 20  # pixels
+HEADINGS = 32
+STRIDE = 3  # frames that are sailed in one step of thought
+STEPS = 30
+# The game's hit boxes; the third quarter is like the first, the others are turned.
+HIT_WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
+HIT_HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
+LOST_HITS = 3  # behind by so many, a pilot thinks of escape
+NEARLY_SUNK = 6  # hits taken, at which it does so in any case
+STUCK_AFTER = 0.7  # seconds
+FREEING = 0.8
+BOXED_IN_AFTER = 3.0
+UNDER_FIRE = 1.0
+READY = 45  # frames before the cannon is loaded in which a pilot begins to aim
+SHOT_VALUE = 2.0
+
+# reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
+# still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
+Style = namedtuple("Style", "reaction spread patience distance")
+BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210)
+
+# keys: the actions to hold; turn: seconds after which left or right is to be released.
+Wish = namedtuple("Wish", "keys turn")
+REST = Wish(frozenset(), 0.0)
+
+
+def hit_box(phase):
+    """Width and height."""
+    i = phase % 9
+    box = HIT_WIDTHS[i], HIT_HEIGHTS[i]
+    return box[::-1] if phase // 9 % 2 == 1 else box
+
+
+def sail(place, heading, speed, top, aims, barriers):
+    """Places over time (steps x aims x 2) of a ship that turns towards each aim at full sail."""
+    aims = numpy.asarray(aims)
+    now = numpy.full((len(aims), 2), place, float)
+    headings = numpy.full(len(aims), heading, float)
+    left = aims_turn(headings, aims)
+    course = numpy.empty((STEPS, len(aims), 2))
+    x, y, w, h = (barriers[:, i, None] for i in range(4))
+
+    def blocked(places):
+        return ((places[:, 1] + SHIP > y) & (places[:, 1] < y + h)
+                & (places[:, 0] + SHIP > x) & (places[:, 0] < x + w)).any(0)
+
+    for step in range(STEPS):
+        turn = numpy.clip(left, -TURN * STRIDE, TURN * STRIDE)
+        headings += turn
+        left -= turn
+        speed = min(top, speed + 0.5 * STRIDE)
+        way = STRIDE * numpy.trunc(
+            speed * numpy.stack([numpy.sin(headings), numpy.cos(headings)], -1))
+        goal = numpy.clip(now + way, 0, LAST)
+        stopped = blocked(goal)
+        if stopped.any():
+            down = numpy.where(stopped[:, None], numpy.stack([now[:, 0], goal[:, 1]], -1), goal)
+            stopped = blocked(down)
+            across = numpy.where(stopped[:, None], numpy.stack([goal[:, 0], now[:, 1]], -1), down)
+            goal = numpy.where(blocked(across)[:, None], now, across)
+        now = goal
+        course[step] = now
+    return course
+
+
+def aims_turn(headings, aims):
+    return (aims - headings + math.pi) % math.tau - math.pi
+
+
+def flight(ship, place, speed, headings, enemy, patience, delay=0):
+    """The frames until shots fired after a delay hit the enemy; infinite for a miss."""
+    headings = numpy.asarray(headings)
+    swift = BALL_SPEEDS[ship.player] + speed / 2
+    step = numpy.trunc(swift * numpy.stack([numpy.sin(headings), numpy.cos(headings)], -1))
+    frames = numpy.arange(1, patience + 1)
+    start = numpy.array(place) + (SHIP - BALL) / 2
+    balls = start + frames[:, None, None] * step
+    targets = extrapolate(enemy, frames + delay) + SHIP / 2
+    apart = numpy.abs(balls + BALL / 2 - targets[:, None])
+    box = (numpy.array(hit_box(enemy.phase)) + BALL) / 2
+    hits = (apart < box).all(-1)
+    inside = (numpy.abs(numpy.array(place) - enemy.place) < (SHIP + BALL) / 2).all()
+    return numpy.where(hits.any(0) & ~inside, hits.argmax(0) + 1.0, math.inf)
+
+
+def extrapolate(ship, frames):
+    """Where a ship is after so many frames when it goes on turning for a moment, then straight."""
+    frames = numpy.asarray(frames, float)
+    course = math.atan2(*ship.velocity)
+    turned = course + ship.turning * numpy.minimum(frames, 12) / 2
+    way = ship.speed * frames
+    return numpy.clip(numpy.stack([ship.place[0] + way * numpy.sin(turned),
+                                   ship.place[1] + way * numpy.cos(turned)], -1), 0, LAST)
+
+
+class Pilot:
+    """Decides for one ship. It remembers its last decision, and since when its ship hangs."""
+
+    def __init__(self, player, style=BRISK):
+        self.player = player
+        self.style = style
+        self.wish = REST
+        self.heading = None  # estimated more finely than the picture shows it
+        self.aim = None
+        self.time = None
+        self.moved = self.left = None  # (time, place): when the ship was last seen to get on
+        self.free_until = -math.inf
+
+    def decide(self, chart):
+        """The wish that follows from the newest picture."""
+        me, enemy = chart.ships[self.player], chart.ships[1 - self.player]
+        if not chart.is_complete:
+            return self.wish
+        self._estimate_heading(chart.time, me)
+        self._notice_standstill(chart.time, me)
+        is_freeing = chart.time < self.free_until
+        barriers = numpy.array(chart.rectangles() or [(-999, -999, 1, 1)])
+        aims = self.heading + numpy.arange(HEADINGS) * math.tau / HEADINGS
+        shot = self._find_shot(me, enemy)
+        if shot is not None and not is_freeing:
+            aims = numpy.append(aims, shot)
+        course = sail(me.place, aims if is_freeing else self.heading, me.speed,
+                      TOP_SPEEDS[self.player], aims, barriers)
+        way = self._way(course, me)
+        values = self._weigh(me, enemy, aims, course, way)
+        if is_freeing:
+            values = way - 0.1 * numpy.abs(aims_turn(self.heading, aims))
+        elif shot is not None:
+            values[-1] += SHOT_VALUE
+        best = int(values.argmax())
+        self.aim, self.time = aims[best], chart.time
+        self.wish = self._choose_keys(chart, me, enemy, way[best])
+        return self.wish
+
+    def _estimate_heading(self, time, me):
+        seen = heading_of(me.phase)
+        if self.heading is None:
+            self.heading = seen
+        elapsed = min(time - self.time, self.wish.turn) if self.time is not None else 0.0
+        way = ("left" in self.wish.keys) - ("right" in self.wish.keys)
+        guess = self.heading + way * TURN * elapsed / FRAME
+        off = turn_between(seen, guess)
+        self.heading = seen + max(-STEP / 2, min(STEP / 2, off))
+
+    def _notice_standstill(self, time, me):
+        if self.moved is None or math.dist(me.place, self.moved[1]) > 6:
+            self.moved = time, me.place
+        if self.left is None or math.dist(me.place, self.left[1]) > 60:
+            self.left = time, me.place
+        if time - self.moved[0] > STUCK_AFTER:
+            self.moved = time, me.place
+            self.free_until = time + FREEING
+
+    @staticmethod
+    def _way(course, me):
+        """How far the ship gets on each course, 1 for all the way at full speed."""
+        start = numpy.full((1, *course.shape[1:]), me.place, float)
+        steps = numpy.diff(numpy.concatenate([start, course]), axis=0)
+        return numpy.hypot(steps[..., 0], steps[..., 1]).sum(0) / (
+            TOP_SPEEDS[me.player] * STRIDE * STEPS)
+
+    def _weigh(self, me, enemy, aims, course, way):
+        """The worth of each aim: room to sail, the distance to the enemy, a calm helm."""
+        values = 4 * numpy.minimum(way, 0.85)
+        for step in (STEPS // 2, STEPS - 1):
+            there = extrapolate(enemy, STRIDE * (step + 1))
+            apart = numpy.hypot(*(course[step] - there).T)
+            values -= numpy.abs(apart - self.style.distance) / 200
+        bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
+        values += 0.3 * numpy.abs(numpy.sin(aims - bearing))
+        values -= 0.2 * numpy.abs(aims_turn(self.heading, aims))
+        if self.aim is not None:
+            values -= 0.2 * numpy.abs(aims_turn(self.aim, aims))
+        return values
+
+    def _find_shot(self, me, enemy):
+        """The heading on which a shot will hit, the one that is turned to soonest, or None."""
+        if me.loaded_in > READY:
+            return None
+        bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
+        headings = bearing + numpy.linspace(-1, 1, 41)
+        delay = me.loaded_in + numpy.abs(aims_turn(self.heading, bearing)) / TURN
+        place = extrapolate(me, delay)
+        frames = flight(me, place, me.speed, headings, enemy, self.style.patience, delay)
+        hits = numpy.isfinite(frames)
+        if not hits.any():
+            return None
+        # The middle of the widest run of headings that hit.
+        edges = numpy.flatnonzero(numpy.diff(numpy.concatenate([[0], hits, [0]])))
+        first, last = max(zip(edges[::2], edges[1::2]), key=lambda run: run[1] - run[0])
+        return headings[(first + last - 1) // 2]
+
+    def _choose_keys(self, chart, me, enemy, way):
+        off = turn_between(self.heading, self.aim)
+        keys = set()
+        if abs(off) > TURN / 2:
+            keys.add("left" if off > 0 else "right")
+        if chart.time < self.free_until:
+            if abs(off) < 0.5:
+                keys.add("forward")
+        elif way > 0.35 or abs(off) < 0.5:
+            keys.add("forward")
+        if self._would_hit(me, enemy):
+            keys.add("fire")
+        if self._must_escape(chart, me, enemy):
+            keys.add("teleport")
+        return Wish(frozenset(keys), abs(off) / TURN * FRAME)
+
+    def _would_hit(self, me, enemy):
+        if me.dial < FULL_DIAL:
+            return False
+        lag = self.style.reaction / FRAME
+        spread = self.style.spread
+        frames = flight(me, extrapolate(me, lag), me.speed,
+                        self.heading + numpy.array([-spread, 0, spread]), enemy,
+                        self.style.patience, lag)
+        return bool(numpy.isfinite(frames).all())
+
+    def _must_escape(self, chart, me, enemy):
+        if chart.time - self.left[0] > BOXED_IN_AFTER:
+            return True
+        loses = me.hits - enemy.hits >= LOST_HITS or me.hits >= NEARLY_SUNK
+        return loses and chart.time - me.hit < UNDER_FIRE
