@@ -3,26 +3,31 @@
 """Remembering: what the pictures so far tell of the sea, both ships and the cannonballs.
 
 Places are top left corners in world pixels, headings are radians (0 down, growing to the left on
-the display), speeds are pixels per frame. A frame of the game at its full pace takes 16 ms.
+the display), speeds are pixels per frame. Times are seconds. A frame of the game takes 16 ms at its full pace; the chart measures it.
 """
 
 import math
 from collections import deque
 
 from .artwork import PHASES
-from .see import BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, SHIP, aim_viewport
+from .see import (BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, VIEW_HEIGHT, VIEW_WIDTH,
+                  aim_viewport)
 
 FRAME = 0.016  # seconds
+SLOWEST_FRAME = 0.15  # on a machine that is very busy
 TOP_SPEEDS = (6, 5)
 TURN = 0.05  # radians per frame
 FULL_TURN = 6.282
 HEADING_OF_PHASE_0 = 4.911
 STEP = FULL_TURN / PHASES
 BARRIERS_OF_TYPE = (1, 3, 9)
+PACE_STEPS = 8  # of the dial over which the pace is measured
 HITS = 10  # to sink a ship
 RELOAD, TELEPORT_RELOAD = 120, 300  # frames
-RECENT = 0.25  # seconds over which speeds are measured
+RECENT = 0.12  # seconds, at least, over which speeds are measured
 UNDER_WAY = 1.0  # pixels per frame
+SURE = 3  # times that a barrier was seen
+STRAIN = 12  # pixels that a ship against a shore may be off the middle of its viewport
 
 
 def phase_of(heading):
@@ -40,6 +45,10 @@ def turn_between(start, end):
     return math.remainder(end - start, math.tau)
 
 
+def phases_apart(first, second):
+    return abs((first - second + PHASES // 2) % PHASES - PHASES // 2)
+
+
 def overlap(a, b):
     return a[1] + a[3] > b[1] and a[1] < b[1] + b[3] and a[0] + a[2] > b[0] and a[0] < b[0] + b[2]
 
@@ -53,9 +62,12 @@ class Track:
         self.in_view = None  # where it was seen in its viewport, None while it is hidden
         self.place = None
         self.phase = None
+        self.seen = 0.0  # when its phase was
+        self.frame = FRAME  # seconds that a frame of the game takes at present
         self.hits = 0  # taken
         self.bar = None  # width, None when it was not readable
         self.dial = FULL_DIAL
+        self.emptied = None  # (time, dial) from which the pace is measured
         self.reload = RELOAD  # frames that the dial stands for
         self.jumped = -math.inf  # when it teleported
         self.hit = -math.inf  # when it was last hit
@@ -63,14 +75,15 @@ class Track:
         self.trail = deque(maxlen=60)  # (time, place, phase)
 
     def since(self, seconds):
-        """The oldest entry of the trail that is not older than this."""
+        """The newest entry of the trail that is at least as old as this, or the oldest."""
         now = self.trail[-1][0]
-        return next(entry for entry in self.trail if now - entry[0] <= seconds)
+        return next((entry for entry in reversed(self.trail) if now - entry[0] >= seconds),
+                    self.trail[0])
 
     @property
     def velocity(self):
         (then, (x1, y1), _), (now, (x2, y2), _) = self.since(RECENT), self.trail[-1]
-        frames = max(now - then, FRAME) / FRAME
+        frames = max(now - then, self.frame) / self.frame
         most = TOP_SPEEDS[self.player]
         return tuple(max(-most, min(most, way / frames)) for way in (x2 - x1, y2 - y1))
 
@@ -85,7 +98,7 @@ class Track:
         if first is None or last is None or now == then:
             return 0.0
         turned = ((first - last + PHASES // 2) % PHASES - PHASES // 2) * STEP
-        return max(-TURN, min(TURN, turned * FRAME / (now - then)))
+        return max(-TURN, min(TURN, turned * self.frame / (now - then)))
 
     @property
     def heading(self):
@@ -106,6 +119,7 @@ class Chart:
         self.barriers = {}  # (type, x, y) in the world: how often it was seen
         self.balls = []  # places, as seen last
         self.time = -math.inf
+        self.frame = FRAME  # seconds that a frame of the game takes at present
         self.doubts = 0
 
     @property
@@ -137,7 +151,7 @@ class Chart:
         values = {look: self._agreement(look, half.barriers) for look in looks}
         jumped = ship.look is None
         if not jumped:
-            reach = 1.5 * TOP_SPEEDS[ship.player] * min(elapsed / FRAME, 60) + 30
+            reach = 20 + min(1.2 * TOP_SPEEDS[ship.player] * elapsed / self.frame, 140)
             look = max(looks, key=lambda look: values[look]
                        - 0.6 * (math.dist(look, ship.look) > reach)
                        - math.dist(look, ship.look) / 10000)
@@ -152,35 +166,47 @@ class Chart:
         self._note_barriers(look, half.barriers)
 
     def _find(self, ship, seen, jumped):
-        expected = [CENTRE[axis] if 0 < ship.look[axis] < LAST_LOOK[axis]
-                    else 100 if jumped or ship.place is None
-                    else min(max(ship.place[axis] - ship.look[axis], 0), LAST)
-                    for axis in (0, 1)]
-        phases = ship.phase is not None
-        near = [((x, y), phase) for x, y, phase in seen if math.dist((x, y), expected) < 45]
+        """The ship stands in the middle of its viewport, except along the world's border."""
+        expected, slack = [], []
+        for axis in (0, 1):
+            is_free = 0 < ship.look[axis] < LAST_LOOK[axis]
+            known = ship.place and not jumped
+            expected.append(CENTRE[axis] if is_free
+                            else ship.place[axis] - ship.look[axis] if known else 100)
+            slack.append(STRAIN if is_free else LAST)
+        since = (self.time - ship.seen) / self.frame
+        near = [((x, y), phase) for x, y, phase in seen
+                if abs(x - expected[0]) <= slack[0] and abs(y - expected[1]) <= slack[1]
+                and (ship.phase is None or jumped
+                     or phases_apart(phase, ship.phase) <= 3 + since * TURN / STEP)]
         ship.in_view = None
         if near:
-            place, phase = min(near, key=lambda found: (
-                math.dist(found[0], expected) + 2 * phases * abs(
-                    (found[1] - (ship.phase or 0) + PHASES // 2) % PHASES - PHASES // 2)))
-            if math.dist(place, expected) < 12 or self._is_at_border(ship.look):
-                ship.in_view, ship.phase, expected = place, phase, place
-        ship.place = (ship.look[0] + expected[0], ship.look[1] + expected[1])
+            ship.in_view, ship.phase = min(near, key=lambda found: (
+                math.dist(found[0], expected)))
+            ship.seen = self.time
+            expected = ship.in_view
+        ship.place = tuple(min(max(ship.look[axis] + expected[axis], 0), LAST)
+                           for axis in (0, 1))
         ship.trail.append((self.time, ship.place, ship.phase))
-
-    @staticmethod
-    def _is_at_border(look):
-        return any(look[axis] in (0, LAST_LOOK[axis]) for axis in (0, 1))
 
     def _agreement(self, look, barriers):
         """How many barriers are seen where they are known to be, less those that cannot be."""
         total = 0
-        for barrier in self._in_world(look, barriers):
+        seen = self._in_world(look, barriers)
+        for barrier in seen:
             if barrier in self.barriers:
                 total += 1
             elif not self._is_possible(barrier):
                 total -= 1
-        return total
+        return total - sum(known not in seen and self._is_in_view(look, known)
+                           for known, times in self.barriers.items() if times >= SURE)
+
+    def _is_in_view(self, look, barrier):
+        """True when the whole barrier lies in a viewport that looks there."""
+        kind, x, y = barrier
+        w, h = self.lookout.barrier_sizes[kind]
+        return (look[0] <= x and x + w <= look[0] + VIEW_WIDTH
+                and look[1] <= y and y + h <= look[1] + VIEW_HEIGHT)
 
     @staticmethod
     def _in_world(look, barriers):
@@ -215,7 +241,20 @@ class Chart:
         if half.dial < ship.dial - 1 and ship.trail:
             ship.fired_at = ship.speed
             ship.reload = TELEPORT_RELOAD if self.time - ship.jumped < 0.5 else RELOAD
+            ship.emptied = self.time, half.dial
         ship.dial = half.dial
+        self._measure_pace(ship)
+        ship.frame = self.frame
+
+    def _measure_pace(self, ship):
+        """The dial counts frames."""
+        if ship.dial == FULL_DIAL or ship.emptied is None:
+            return
+        time, dial = ship.emptied
+        if ship.dial - dial >= PACE_STEPS:
+            frame = (self.time - time) / ((ship.dial - dial) * ship.reload / FULL_DIAL)
+            self.frame = min(max(frame, FRAME), SLOWEST_FRAME)
+            ship.emptied = self.time, ship.dial
 
 
 START_LOOKS = [aim_viewport(x, y) for x in range(100, 701, 100) for y in range(100, 701, 100)]

@@ -7,7 +7,7 @@ import time
 import numpy
 
 from .chart import Chart, HITS, UNDER_WAY
-from .press import Hands
+from .press import Fingers, Hands
 from .stage import LOOK_INTERVAL, StageError
 from .think import BRISK, Pilot
 
@@ -15,6 +15,7 @@ from .think import BRISK, Pilot
 BATTLE_IS_OVER = 5
 # Seconds after which a picture that has not changed is taken for a new one: ships may lie still.
 REPEAT = 0.1
+DELAY = 0.02  # seconds that a key takes to the game and the result to the display
 
 
 class Match:
@@ -30,6 +31,7 @@ class Match:
         self.statistics = Statistics()
         self.without_battle = 0
         self.last = None
+        self.lag = 0.04  # seconds from a picture to the keys that answer it, on average
 
     @property
     def is_over(self):
@@ -37,8 +39,6 @@ class Match:
 
     def step(self):
         """Looks once; true when there was a new picture of the battle."""
-        for hands in self.hands:
-            hands.move()
         picture = self.stage.picture()
         if self.stage.game.poll() is not None:
             raise StageError("the game ended in battle: " + self.stage.messages())
@@ -58,7 +58,8 @@ class Match:
         self.statistics.note(self.chart)
         for pilot, hands in zip(self.pilots, self.hands):
             if pilot is not None:
-                hands.wish(pilot.decide(self.chart))
+                hands.wish(pilot.decide(self.chart, self.lag))
+        self.lag += (time.monotonic() - now - self.lag + DELAY) / 8
         for watcher in self.watchers:
             watcher(picture)
         return True
@@ -66,12 +67,9 @@ class Match:
     def run(self, timeout, until=lambda: False):
         """Fights until the battle is over, a condition holds or the time is up."""
         deadline = time.monotonic() + timeout
-        while not self.is_over and not until() and time.monotonic() < deadline:
-            self.step()
-
-    def let_go(self):
-        for hands in self.hands:
-            hands.let_go()
+        with Fingers(self.hands):
+            while not self.is_over and not until() and time.monotonic() < deadline:
+                self.step()
 
 
 class Statistics:

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Pressing: the keys of one player, held as the pilot wishes."""
 
+import threading
 import time
 
 KEYS = (
@@ -25,15 +26,21 @@ class Hands:
         self.turn_until = 0.0
         self.pressed = {}  # key: when
         self.released = {}
+        self.lock = threading.Lock()
 
     def wish(self, wish):
         """Takes the pilot's wish. It is carried out by this and later calls of move."""
-        self.wanted = wish.keys
-        self.turn_until = time.monotonic() + wish.turn
+        with self.lock:
+            self.wanted = wish.keys
+            self.turn_until = time.monotonic() + wish.turn
         self.move()
 
     def move(self):
-        """Presses and releases what is due; to be called often. Returns when it is due next."""
+        """Presses and releases what is due; to be called often."""
+        with self.lock:
+            self._move()
+
+    def _move(self):
         now = time.monotonic()
         keys = {self.keys[action] for action in self.wanted
                 if action not in ("left", "right") or now < self.turn_until}
@@ -52,7 +59,34 @@ class Hands:
 
     def let_go(self):
         """Releases every key."""
-        self.wanted = frozenset()
-        for key in list(self.pressed):
-            del self.pressed[key]
-            self.stage.release(key)
+        with self.lock:
+            self.wanted = frozenset()
+            for key in list(self.pressed):
+                del self.pressed[key]
+                self.stage.release(key)
+
+
+class Fingers:
+    """Moves hands all the time, so that a turn ends in time however long the eyes take."""
+
+    PAUSE = 0.008  # seconds
+
+    def __init__(self, hands):
+        self.hands = hands
+        self.done = threading.Event()
+        self.thread = threading.Thread(target=self._move, daemon=True)
+
+    def __enter__(self):
+        self.thread.start()
+        return self
+
+    def __exit__(self, *_):
+        self.done.set()
+        self.thread.join()
+        for hands in self.hands:
+            hands.let_go()
+
+    def _move(self):
+        while not self.done.wait(self.PAUSE):
+            for hands in self.hands:
+                hands.move()

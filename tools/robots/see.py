@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Seeing: what a player can read off one picture of the battle. Nothing is remembered here."""
 
-from collections import namedtuple
+from collections import Counter, namedtuple
 
 import numpy
 
@@ -20,6 +20,7 @@ BARS = ((0, 578), (404, 578))
 BAR_WIDTH, BAR_HEIGHT = 396, 22
 DIALS = ((308, 508), (712, 508))
 DIAL_SIZE = 69
+DIAL_GRAIN = 4  # every fourth pixel tells the dial's pictures apart
 FULL_DIAL = DIAL_FRAMES - 1
 BALL = PHASES
 FIRST_BARRIER = PHASES + 1  # barriers are numbered by type from here on
@@ -33,11 +34,12 @@ Half = namedtuple("Half", "water ships balls barriers bar dial")
 class Runs:
     """Finds short runs of pixels by a table of their hash values."""
 
-    LENGTH, BITS = 4, 22
+    LENGTH = 4
     FACTORS = (0x9E3779B1, 0x85EBCA77, 0xC2B2AE3D, 0x27D4EB2F)
 
-    def __init__(self):
-        self.table = numpy.full(1 << self.BITS, -1, numpy.int32)
+    def __init__(self, bits, kind):
+        self.shift = numpy.uint32(32 - bits)
+        self.table = numpy.full(1 << bits, -1, kind)
 
     def keys(self, pixels):
         """The hash value of the run that begins at each pixel; the last three of a row have none."""
@@ -45,7 +47,7 @@ class Runs:
         total = numpy.zeros(pixels.shape[:-1] + (width,), numpy.uint32)
         for i, factor in enumerate(self.FACTORS):
             total += pixels[..., i:i + width] * numpy.uint32(factor)
-        return total >> numpy.uint32(32 - self.BITS)
+        return total >> self.shift
 
     def find(self, pixels):
         """The table's entry for the run at each pixel, -1 for none."""
@@ -57,7 +59,7 @@ class Water:
 
     def __init__(self, tile):
         self.height, self.width = tile.shape
-        self.runs = Runs()
+        self.runs = Runs(21, numpy.int32)
         wrapped = numpy.concatenate([tile, tile[:, :Runs.LENGTH - 1]], 1)
         keys = self.runs.keys(wrapped).ravel()
         values, first, counts = numpy.unique(keys, return_index=True, return_counts=True)
@@ -66,13 +68,13 @@ class Water:
 
     def phase(self, view):
         """Where the view looks, modulo the tile, or None when too little sea is seen."""
-        rows = view[7::23]
+        rows = view[7::41]
         found = self.runs.find(rows)
         lines, columns = numpy.nonzero(found >= 0)
         if len(lines) < 30:
             return None
         y, x = numpy.divmod(found[lines, columns], self.width)
-        place = ((x - columns) % self.width + (y - 7 - 23 * lines) % self.height * self.width)
+        place = ((x - columns) % self.width + (y - 7 - 41 * lines) % self.height * self.width)
         values, counts = numpy.unique(place, return_counts=True)
         best = counts.argmax()
         if counts[best] < 30:
@@ -84,16 +86,19 @@ class Water:
 class Sprites:
     """The pictures with transparency: they are found by runs of their opaque pixels."""
 
-    BLOCK = 24  # pixels; one run is known of each block, since anything may cover the others
+    BLOCK = 16  # pixels; some runs are known of each block, since anything may cover the others
+    RUNS_PER_BLOCK = 6
+    ROWS = 4  # only every fourth row of a view is searched
 
     def __init__(self, pictures, water):
         self.pictures = pictures
         self.water = water
-        self.runs = Runs()
+        self.runs = Runs(19, numpy.int16)  # small enough for the processor's cache
         self.anchors = []
         self.samples = []
         for number, picture in enumerate(pictures):
             self._add(number, picture)
+        self.anchors = numpy.array(self.anchors)
 
     def _add(self, number, picture):
         opaque = picture[..., 3] == 255
@@ -110,32 +115,41 @@ class Sprites:
             for left in range(0, picture.shape[1], self.BLOCK):
                 block = usable[top:top + self.BLOCK, left:left + self.BLOCK]
                 ys, xs = numpy.nonzero(block)
-                for pick in range(0, len(xs), max(1, len(xs) // 2)):
+                for pick in range(0, len(xs), max(1, len(xs) // self.RUNS_PER_BLOCK)):
                     x, y = int(xs[pick]) + left, int(ys[pick]) + top
                     self.runs.table[keys[y, x]] = len(self.anchors)
                     self.anchors.append((number, x, y))
         ys, xs = numpy.nonzero(opaque)
-        some = slice(None, None, max(1, len(xs) // 400))
+        some = slice(None, None, max(1, len(xs) // 200))
         self.samples.append((xs[some], ys[some], colours[ys[some], xs[some]]))
 
     def find(self, view):
-        """All (number, x, y) whose opaque pixels are mostly seen as far as they are in the view."""
-        found = self.runs.find(view)
+        """All (number, x, y) in the view, best seen first, at most one ship on one place."""
+        found = self.runs.find(view[::self.ROWS])
         rows, columns = numpy.nonzero(found >= 0)
-        places = set()
-        for row, column in zip(rows.tolist(), columns.tolist()):
-            number, x, y = self.anchors[found[row, column]]
-            places.add((number, column - x, row - y))
-        return [place for place in places if self.share(view, *place) > 0.6]
+        numbers, xs, ys = self.anchors[found[rows, columns]].T
+        places = Counter(zip(numbers.tolist(), (columns - xs).tolist(),
+                             (rows * self.ROWS - ys).tolist()))
+        seen = sorted(((self.share(view, *place), place) for place, votes in places.items()
+                       if votes >= 2 or place[0] == BALL), reverse=True)
+        kept = []
+        for share, (number, x, y) in seen:
+            if share > (0.3 if number < BALL else 0.6) and not any(
+                    number < BALL and other < BALL and abs(x - x2) < 8 and abs(y - y2) < 8
+                    for other, x2, y2 in kept):
+                kept.append((number, x, y))
+        return kept
 
     def share(self, view, number, x, y):
         """The share of the picture's opaque pixels inside the view that are seen at x, y."""
         xs, ys, colours = self.samples[number]
         xs, ys = xs + x, ys + y
         inside = (xs >= 0) & (ys >= 0) & (xs < view.shape[1]) & (ys < view.shape[0])
-        if inside.sum() < 40:
+        count = numpy.count_nonzero(inside)
+        if count < 25:
             return 0.0
-        return float((view[ys[inside], xs[inside]] == colours[inside]).mean())
+        fits = view[ys[inside], xs[inside]] == colours[inside]
+        return numpy.count_nonzero(fits) / count
 
 
 class Lookout:
@@ -156,7 +170,7 @@ class Lookout:
         for dial in self.artwork.dials:
             canvas = panel.astype(numpy.uint8)
             blend(canvas, dial, 0, 0)
-            frames.append(canvas[::2, ::2].astype(int))
+            frames.append(canvas[::DIAL_GRAIN, ::DIAL_GRAIN].astype(int))
         return numpy.stack(frames)
 
     @staticmethod
@@ -200,7 +214,7 @@ class Lookout:
     def dial(self, picture, player):
         """The number of the dial's picture, 0 just fired to 40 loaded."""
         x, y = DIALS[player]
-        seen = unpack(picture[y:y + DIAL_SIZE:2, x:x + DIAL_SIZE:2])
+        seen = unpack(picture[y:y + DIAL_SIZE:DIAL_GRAIN, x:x + DIAL_SIZE:DIAL_GRAIN])
         return int(numpy.abs(self.dials[player] - seen).mean((1, 2, 3)).argmin())
 
     def looks(self, phase):

@@ -9,6 +9,7 @@ import signal
 import struct
 import subprocess
 import tempfile
+import threading
 import time
 from pathlib import Path
 
@@ -92,6 +93,7 @@ class Stage:
         self.seed = seed
         self.fixed_time = fixed_time
         self.held = set()
+        self.lock = threading.Lock()
         self.scratch = None
         self.display = self.hands = self.game = None
         self.started = None  # when the game was, on the clock that seeds its random generator
@@ -146,8 +148,9 @@ class Stage:
     # Hands
 
     def _do(self, command):
-        self.hands.stdin.write(command + "\n")
-        self.hands.stdin.flush()
+        with self.lock:
+            self.hands.stdin.write(command + "\n")
+            self.hands.stdin.flush()
 
     def press(self, key):
         if key not in self.held:

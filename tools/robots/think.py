@@ -16,9 +16,9 @@ from .see import FULL_DIAL, LAST, SHIP
 
 BALL_SPEEDS = (6, 7)
 BALL = 20  # pixels
-HEADINGS = 32
-STRIDE = 3  # frames that are sailed in one step of thought
-STEPS = 30
+HEADINGS = 24
+STRIDE = 4  # frames that are sailed in one step of thought
+STEPS = 20
 # The game's hit boxes; the third quarter is like the first, the others are turned.
 HIT_WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 HIT_HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
@@ -30,6 +30,7 @@ BOXED_IN_AFTER = 3.0
 UNDER_FIRE = 1.0
 READY = 45  # frames before the cannon is loaded in which a pilot begins to aim
 SHOT_VALUE = 2.0
+NEAR = 720  # pixels: what is farther away is not reached within one thought
 
 # reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
 # still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
@@ -117,26 +118,33 @@ class Pilot:
         self.player = player
         self.style = style
         self.wish = REST
-        self.heading = None  # estimated more finely than the picture shows it
+        self.seen = None  # the heading in the picture, estimated more finely than it is shown
+        self.heading = self.turned_from = 0.0  # that when new keys take effect
+        self.lag = 0.0  # frames until then
+        self.frame = FRAME
         self.aim = None
         self.time = None
         self.moved = self.left = None  # (time, place): when the ship was last seen to get on
         self.free_until = -math.inf
 
-    def decide(self, chart):
-        """The wish that follows from the newest picture."""
+    def decide(self, chart, lag=0.04):
+        """The wish that follows from the newest picture; keys take effect lag seconds after it."""
         me, enemy = chart.ships[self.player], chart.ships[1 - self.player]
         if not chart.is_complete:
             return self.wish
-        self._estimate_heading(chart.time, me)
+        self.frame = chart.frame
+        self._estimate_heading(chart.time, me, lag)
         self._notice_standstill(chart.time, me)
         is_freeing = chart.time < self.free_until
-        barriers = numpy.array(chart.rectangles() or [(-999, -999, 1, 1)])
+        barriers = numpy.array([
+            barrier for barrier in chart.rectangles()
+            if all(-NEAR < barrier[axis] - me.place[axis] < NEAR for axis in (0, 1))]
+            or [(-999, -999, 1, 1)])
         aims = self.heading + numpy.arange(HEADINGS) * math.tau / HEADINGS
         shot = self._find_shot(me, enemy)
         if shot is not None and not is_freeing:
             aims = numpy.append(aims, shot)
-        course = sail(me.place, aims if is_freeing else self.heading, me.speed,
+        course = sail(extrapolate(me, self.lag), aims if is_freeing else self.heading, me.speed,
                       TOP_SPEEDS[self.player], aims, barriers)
         way = self._way(course, me)
         values = self._weigh(me, enemy, aims, course, way)
@@ -149,24 +157,32 @@ class Pilot:
         self.wish = self._choose_keys(chart, me, enemy, way[best])
         return self.wish
 
-    def _estimate_heading(self, time, me):
+    def _estimate_heading(self, time, me, lag):
+        """The heading that will be when new keys take effect, from that of the picture."""
         seen = heading_of(me.phase)
-        if self.heading is None:
-            self.heading = seen
-        elapsed = min(time - self.time, self.wish.turn) if self.time is not None else 0.0
+        if self.seen is None:
+            self.seen, self.time = seen, time
         way = ("left" in self.wish.keys) - ("right" in self.wish.keys)
-        guess = self.heading + way * TURN * elapsed / FRAME
-        off = turn_between(seen, guess)
-        self.heading = seen + max(-STEP / 2, min(STEP / 2, off))
+        # The last wish took effect a lag after its picture, and this one will.
+        turned = max(0.0, min(time - self.time - lag, self.wish.turn))
+        off = turn_between(seen, self.turned_from + way * TURN * turned / self.frame)
+        if me.in_view is None:
+            self.seen = seen + off
+        else:
+            self.seen = seen + max(-STEP / 2, min(STEP / 2, off))
+        remaining = min(lag, self.wish.turn - turned)
+        self.heading = self.seen + way * TURN * max(0.0, remaining) / self.frame
+        self.turned_from = self.heading
+        self.lag = lag / self.frame
 
     def _notice_standstill(self, time, me):
         if self.moved is None or math.dist(me.place, self.moved[1]) > 6:
             self.moved = time, me.place
         if self.left is None or math.dist(me.place, self.left[1]) > 60:
             self.left = time, me.place
-        if time - self.moved[0] > STUCK_AFTER:
+        if time - self.moved[0] > STUCK_AFTER * self.frame / FRAME:
             self.moved = time, me.place
-            self.free_until = time + FREEING
+            self.free_until = time + FREEING * self.frame / FRAME
 
     @staticmethod
     def _way(course, me):
@@ -221,20 +237,19 @@ class Pilot:
             keys.add("fire")
         if self._must_escape(chart, me, enemy):
             keys.add("teleport")
-        return Wish(frozenset(keys), abs(off) / TURN * FRAME)
+        return Wish(frozenset(keys), abs(off) / TURN * self.frame)
 
     def _would_hit(self, me, enemy):
         if me.dial < FULL_DIAL:
             return False
-        lag = self.style.reaction / FRAME
         spread = self.style.spread
-        frames = flight(me, extrapolate(me, lag), me.speed,
+        frames = flight(me, extrapolate(me, self.lag), me.speed,
                         self.heading + numpy.array([-spread, 0, spread]), enemy,
-                        self.style.patience, lag)
+                        self.style.patience, self.lag)
         return bool(numpy.isfinite(frames).all())
 
     def _must_escape(self, chart, me, enemy):
-        if chart.time - self.left[0] > BOXED_IN_AFTER:
+        if chart.time - self.left[0] > BOXED_IN_AFTER * self.frame / FRAME:
             return True
         loses = me.hits - enemy.hits >= LOST_HITS or me.hits >= NEARLY_SUNK
         return loses and chart.time - me.hit < UNDER_FIRE
