@@ -9,9 +9,11 @@ the display), speeds are pixels per frame. Times are seconds. A frame of the gam
 import math
 from collections import deque
 
+import numpy
+
 from .artwork import PHASES
-from .see import (BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, VIEW_HEIGHT, VIEW_WIDTH,
-                  aim_viewport)
+from .see import (BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, SHIP, VIEW_HEIGHT,
+                  VIEW_WIDTH, aim_viewport)
 
 FRAME = 0.016  # seconds
 SLOWEST_FRAME = 0.15  # on a machine that is very busy
@@ -26,6 +28,7 @@ HITS = 10  # to sink a ship
 RELOAD, TELEPORT_RELOAD = 120, 300  # frames
 RECENT = 0.12  # seconds, at least, over which speeds are measured
 UNDER_WAY = 1.0  # pixels per frame
+GRAIN = 4  # pixels of the world to a cell of the grid of blocked places
 SURE = 3  # times that a barrier was seen
 STRAIN = 12  # pixels that a ship against a shore may be off the middle of its viewport
 
@@ -117,6 +120,7 @@ class Chart:
         self.lookout = lookout
         self.ships = (Track(0), Track(1))
         self.barriers = {}  # (type, x, y) in the world: how often it was seen
+        self.blocked = self._find_blocked()  # by column and row: where no ship can be
         self.balls = []  # places, as seen last
         self.time = -math.inf
         self.frame = FRAME  # seconds that a frame of the game takes at present
@@ -224,12 +228,22 @@ class Chart:
         for barrier in self._in_world(look, barriers):
             if barrier in self.barriers or self._is_possible(barrier):
                 self.barriers[barrier] = self.barriers.get(barrier, 0) + 1
+                if self.barriers[barrier] == 1:
+                    self.blocked = self._find_blocked()
             else:
                 wrong += 1
         self.doubts = self.doubts + 1 if wrong else max(0, self.doubts - 1)
         if self.doubts > 20:
             self.barriers.clear()
+            self.blocked = self._find_blocked()
             self.doubts = 0
+
+    def _find_blocked(self):
+        grid = numpy.zeros((LAST // GRAIN + 1,) * 2, bool)
+        for x, y, w, h in self.rectangles():
+            grid[max(x - SHIP + GRAIN, 0) // GRAIN:(x + w - 1) // GRAIN + 1,
+                 max(y - SHIP + GRAIN, 0) // GRAIN:(y + h - 1) // GRAIN + 1] = True
+        return grid
 
     def _read_gauges(self, ship, half):
         if half.bar is not None:

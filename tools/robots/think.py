@@ -11,7 +11,7 @@ from collections import namedtuple
 
 import numpy
 
-from .chart import FRAME, STEP, TOP_SPEEDS, TURN, heading_of, turn_between
+from .chart import FRAME, GRAIN, STEP, TOP_SPEEDS, TURN, heading_of, turn_between
 from .see import FULL_DIAL, LAST, SHIP
 
 BALL_SPEEDS = (6, 7)
@@ -30,12 +30,12 @@ BOXED_IN_AFTER = 3.0
 UNDER_FIRE = 1.0
 READY = 45  # frames before the cannon is loaded in which a pilot begins to aim
 SHOT_VALUE = 2.0
-NEAR = 720  # pixels: what is farther away is not reached within one thought
+SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 
 # reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
 # still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
-Style = namedtuple("Style", "reaction spread patience distance")
-BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210)
+Style = namedtuple("Style", "reaction spread patience distance stern")
+BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210, stern=0.6)
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
@@ -49,35 +49,31 @@ def hit_box(phase):
     return box[::-1] if phase // 9 % 2 == 1 else box
 
 
-def sail(place, heading, speed, top, aims, barriers):
-    """Places over time (steps x aims x 2) of a ship that turns towards each aim at full sail."""
-    aims = numpy.asarray(aims)
-    now = numpy.full((len(aims), 2), place, float)
-    headings = numpy.full(len(aims), heading, float)
-    left = aims_turn(headings, aims)
+def sail(place, heading, speed, top, aims, blocked):
+    """Places over time (steps x aims x 2) of a ship that turns towards each aim at full sail.
+
+    blocked is the chart's grid of the places where a ship cannot be.
+    """
+    turns = aims_turn(heading, aims)
+    frames = STRIDE * numpy.arange(1, STEPS + 1)[:, None]
+    headings = heading + numpy.clip(turns, -TURN * frames, TURN * frames)
+    ways = STRIDE * numpy.minimum(top, speed + SPEED_STEP * frames)
+    ways_x = (ways * numpy.sin(headings)).astype(int)
+    ways_y = (ways * numpy.cos(headings)).astype(int)
+    x, y = (numpy.full(len(aims), int(part)) for part in place)
     course = numpy.empty((STEPS, len(aims), 2))
-    x, y, w, h = (barriers[:, i, None] for i in range(4))
-
-    def blocked(places):
-        return ((places[:, 1] + SHIP > y) & (places[:, 1] < y + h)
-                & (places[:, 0] + SHIP > x) & (places[:, 0] < x + w)).any(0)
-
     for step in range(STEPS):
-        turn = numpy.clip(left, -TURN * STRIDE, TURN * STRIDE)
-        headings += turn
-        left -= turn
-        speed = min(top, speed + 0.5 * STRIDE)
-        way = STRIDE * numpy.trunc(
-            speed * numpy.stack([numpy.sin(headings), numpy.cos(headings)], -1))
-        goal = numpy.clip(now + way, 0, LAST)
-        stopped = blocked(goal)
+        to_x = numpy.minimum(numpy.maximum(x + ways_x[step], 0), LAST)
+        to_y = numpy.minimum(numpy.maximum(y + ways_y[step], 0), LAST)
+        stopped = blocked[to_x // GRAIN, to_y // GRAIN]
         if stopped.any():
-            down = numpy.where(stopped[:, None], numpy.stack([now[:, 0], goal[:, 1]], -1), goal)
-            stopped = blocked(down)
-            across = numpy.where(stopped[:, None], numpy.stack([goal[:, 0], now[:, 1]], -1), down)
-            goal = numpy.where(blocked(across)[:, None], now, across)
-        now = goal
-        course[step] = now
+            # A ship against a shore slides along it, down or up rather than across.
+            down = stopped & ~blocked[x // GRAIN, to_y // GRAIN]
+            across = stopped & ~down & ~blocked[to_x // GRAIN, y // GRAIN]
+            to_x = numpy.where(stopped & ~across, x, to_x)
+            to_y = numpy.where(stopped & ~down, y, to_y)
+        x, y = to_x, to_y
+        course[step, :, 0], course[step, :, 1] = x, y
     return course
 
 
@@ -136,16 +132,12 @@ class Pilot:
         self._estimate_heading(chart.time, me, lag)
         self._notice_standstill(chart.time, me)
         is_freeing = chart.time < self.free_until
-        barriers = numpy.array([
-            barrier for barrier in chart.rectangles()
-            if all(-NEAR < barrier[axis] - me.place[axis] < NEAR for axis in (0, 1))]
-            or [(-999, -999, 1, 1)])
         aims = self.heading + numpy.arange(HEADINGS) * math.tau / HEADINGS
         shot = self._find_shot(me, enemy)
         if shot is not None and not is_freeing:
             aims = numpy.append(aims, shot)
         course = sail(extrapolate(me, self.lag), aims if is_freeing else self.heading, me.speed,
-                      TOP_SPEEDS[self.player], aims, barriers)
+                      TOP_SPEEDS[self.player], aims, chart.blocked)
         way = self._way(course, me)
         values = self._weigh(me, enemy, aims, course, way)
         if is_freeing:
@@ -201,6 +193,10 @@ class Pilot:
             values -= numpy.abs(apart - self.style.distance) / 200
         bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
         values += 0.3 * numpy.abs(numpy.sin(aims - bearing))
+        # Astern of the enemy is the place to be: its guns fire ahead.
+        there = extrapolate(enemy, STRIDE * STEPS) - course[-1]
+        values += self.style.stern * numpy.cos(
+            numpy.arctan2(there[:, 0], there[:, 1]) - enemy.heading)
         values -= 0.2 * numpy.abs(aims_turn(self.heading, aims))
         if self.aim is not None:
             values -= 0.2 * numpy.abs(aims_turn(self.aim, aims))
