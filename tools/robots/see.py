@@ -201,10 +201,10 @@ class Lookout:
     def bar(self, picture, player):
         """The width of the hit-point bar, or None when it is not a bar with a black end."""
         x, y = BARS[player]
-        seen = picture[y:y + BAR_HEIGHT, x:x + BAR_WIDTH]
+        seen = picture[y:y + BAR_HEIGHT:4, x:x + BAR_WIDTH]
         panel = self.artwork.panels[player]
         left, top = x - PANELS[player][0], y - PANELS[player][1]
-        full = panel[top:top + BAR_HEIGHT, left:left + BAR_WIDTH]
+        full = panel[top:top + BAR_HEIGHT:4, left:left + BAR_WIDTH]
         black = (seen == 0).all(0)
         whole = (numpy.abs(unpack(seen) - unpack(full)) <= 3).all((0, 2))
         lost = int(numpy.argmin(black[::-1])) if not black.all() else BAR_WIDTH

@@ -58,13 +58,12 @@ class VirtualDisplay:
 
     def picture(self):
         """What the display shows, as 0xRRGGBB. Looks again when it changed while being copied."""
-        before = self.pixels.copy()
         for _ in range(6):
-            after = self.pixels.copy()
-            if numpy.array_equal(before, after):
+            picture = self.pixels.copy()
+            if numpy.array_equal(picture, self.pixels):
                 break
-            before = after
-        return before & 0xFFFFFF
+        picture &= 0xFFFFFF
+        return picture
 
     def stop(self):
         stop_process(self.process, signal.SIGTERM)
@@ -198,7 +197,8 @@ class Stage:
         return self.display.picture()
 
     def save(self, path, picture=None):
-        to_image(self.picture() if picture is None else picture).save(path)
+        image = to_image(self.picture() if picture is None else picture)
+        image.save(path, compress_level=1)  # quickly: pilots wait for it
 
     def wait_for(self, condition, what, timeout=20):
         """Looks until condition(picture) holds and returns the first true value."""

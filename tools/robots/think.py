@@ -35,7 +35,7 @@ SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 # reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
 # still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
 Style = namedtuple("Style", "reaction spread patience distance stern")
-BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210, stern=0.6)
+BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210, stern=0.9)
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
