@@ -13,9 +13,8 @@ sys.path.insert(0, str(PROJECT / "tools"))
 
 # pylint: disable=wrong-import-position
 from robots.artwork import Artwork  # noqa: E402
-from robots.gunnery import FiringPlaces  # noqa: E402
 from robots.screens import Guide  # noqa: E402
-from robots.sight import Lookout  # noqa: E402
+from robots.see import Lookout  # noqa: E402
 from robots.stage import Stage  # noqa: E402
 from robots.text import Writer  # noqa: E402
 
@@ -46,11 +45,6 @@ def lookout(artwork):
 @pytest.fixture(scope="session")
 def writer(root):
     return Writer(root)
-
-
-@pytest.fixture(scope="session")
-def firing_places():
-    return FiringPlaces()
 
 
 @pytest.fixture

@@ -1,222 +1,267 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Whole duels between robot players, and what the display showed of every manoeuvre."""
+"""Sailing, firing, teleports and whole duels with real keys, and what the display showed of them.
+
+The manoeuvres hold keys on a sea that was chosen for them. The duels are fought by the pilots.
+"""
 
 import itertools
 import math
-import time
+from collections import namedtuple
 
 import pytest
 
-from robots.duel import BattleOver, begin_duel, is_centred
+from robots.chart import RELOAD, TELEPORT_RELOAD, TOP_SPEEDS, overlap, phase_of
+from robots.match import Match
 from robots.screens import NEW_GAME, PARKED
-from robots.sea import LAST, Sea
-from robots.sight import CENTRE, FULL_DIAL, heading_of, phase_of
+from robots.sea import Sea
+from robots.see import BAR_WIDTH, CENTRE, FULL_DIAL, SHIP, aim_viewport
+from robots.text import game_over
+from robots.think import BRISK, Wish
 
 # What is left of a bar of 396 pixels after each of ten hits.
 BAR_WIDTHS = [396, 356, 316, 277, 237, 198, 158, 118, 79, 39]
 FRAME = 0.016
-DIAL_JUST_FIRED = 4  # the dial needs some frames until it is seen
-SAILED = 80  # pixels
+DIAL_JUST_FIRED = 8  # the dial needs some frames until it is seen
+SAILED = 80  # pixels in open water
+SLID = 50  # pixels along a barrier
+LONGEST_DUEL = 400  # seconds, on a busy machine
+
+Sight = namedtuple("Sight", "time place look in_view phase bar dial balls")
 
 
-# Choosing a sea that leaves room for the first manoeuvres
+class Watch:
+    """A battle in which the test holds the keys, or pilots do, and everything seen is noted."""
+
+    def __init__(self, guide, styles=(None, None)):
+        guide.start_battle()
+        self.match = Match(guide.stage, guide.lookout, styles)
+        self.log = ([], [])
+        self.match.watchers.append(self._note)
+        self.match.run(20, lambda: all(self.log))
+
+    def _note(self, _):
+        chart = self.match.chart
+        for ship, log in zip(chart.ships, self.log):
+            log.append(Sight(chart.time, ship.place, ship.look, ship.in_view, ship.phase,
+                             ship.bar, ship.dial, chart.balls))
+
+    def hold(self, player, *actions, turn=0.0):
+        self.match.hands[player].wish(Wish(frozenset(actions), turn))
+
+    def run(self, until, timeout=60):
+        self.match.run(timeout, until)
+        assert until(), "this was not seen in time"
+
+    def wait(self, seconds):
+        self.match.run(seconds)
+
+    def bars(self, player):
+        """The widths of a player's bar in the order in which they were seen."""
+        widths = [sight.bar for sight in self.log[player] if sight.bar]
+        return [width for width, _ in itertools.groupby(widths)]
 
 
-def has_room_ahead(sea, player):
-    place = sea.starts[player]
-    heading = heading_of(phase_of(sea.headings[player]))
-    ahead = (place[0] + 2 * SAILED * math.sin(heading), place[1] + 2 * SAILED * math.cos(heading))
-    inside = all(0 <= part <= LAST for part in ahead)
-    return (inside and is_centred(place) and is_centred((round(ahead[0]), round(ahead[1])))
-            and sea.is_straight(place, ahead, 10))
+# Choosing a sea
 
 
 def choose_seed(artwork, suits):
     return next(seed for seed in itertools.count(1) if suits(Sea(seed, artwork)))
 
 
-def open_duel(guide, firing_places, seed):
-    """From the menu to a battle that begins as its seed says."""
-    seeds = [seed]
-    if guide.stage.fixed_time is None:
-        seeds = range(int(guide.stage.started), int(time.time()) + 1)
-    duel = begin_duel(guide, firing_places, seeds)
-    for player in (0, 1):
-        assert duel.log[player][-1].place == duel.sea.starts[player]
-        assert duel.log[player][-1].phase == phase_of(duel.sea.headings[player])
-        assert duel.log[player][-1].bar == BAR_WIDTHS[0]
-        assert duel.log[player][-1].dial == FULL_DIAL
-    return duel
-
-
-# What the manoeuvres must have shown
-
-
-def sail_ahead(duel):
-    begin = len(duel.log[0])
-    duel.run(*[captain.sail_ahead(SAILED) for captain in duel.captains])
-    for player, log in enumerate(duel.log):
-        assert_sailed_ahead(duel.captains[player], log[begin - 1:])
-
-
-def assert_sailed_ahead(captain, log):
-    (x1, y1), (x2, y2) = log[0].place, log[-1].place
-    turned = math.atan2(x2 - x1, y2 - y1) - heading_of(captain.phase)
-    # A sprite stands for 10 degrees, and dropped fractions bend the course by up to 10 more.
-    assert abs(math.degrees(math.remainder(turned, 2 * math.pi))) < 20
-    # The ship stays in the middle: it is the world that scrolls. A picture may be caught while
-    # the display is being redrawn.
-    assert sum(sight.in_view == CENTRE for sight in log) >= 0.9 * len(log)
-    scrolled = (log[-1].look[0] - log[0].look[0], log[-1].look[1] - log[0].look[1])
-    assert scrolled == (x2 - x1, y2 - y1)
-    assert len({sight.look for sight in log}) >= 4
-
-
-def slide_along_barriers(duel):
-    """Both players at once, each along a barrier of its own."""
-    # On a busy machine the robots may look too seldom to see a slide.
-    for _ in range(3):
-        first = min(duel.slides(0))[1]
-        second = min(plan for plan in duel.slides(1) if plan[1].barrier != first.barrier)[1]
-        plans = (first, second)
-        begin = len(duel.log[0])
-        duel.run(*[duel.slide(captain, plan) for captain, plan in zip(duel.captains, plans)])
-        pressing = [pressed_sights(log[begin:], plan) for log, plan in zip(duel.log, plans)]
-        if min(map(len, pressing)) >= 5:
+def sail_ahead(sea, player, frames=150):
+    """The places of a ship whose player only holds the forward key, by the rules."""
+    (x, y), heading, speed = sea.starts[player], sea.headings[player], 0.0
+    places = [(x, y)]
+    for _ in range(frames):
+        speed = min(speed + 0.5, TOP_SPEEDS[player])
+        to = (x + int(math.sin(heading) * speed), y + int(math.cos(heading) * speed))
+        x, y = next((place for place in (to, (x, to[1]), (to[0], y)) if sea.is_free(*place)),
+                    (x, y))
+        places.append((x, y))
+        if not is_centred((x, y)):
             break
-    for sights, plan in zip(pressing, plans):
-        assert_slid(sights, plan)
+    return places
 
 
-def pressed_sights(log, plan):
-    """When the ship strained towards the barrier, off the middle of its view."""
-    axis, along = plan.axis, 1 - plan.axis
-    return [sight for sight in log if sight.in_view and sight.phase == plan.phase
-            and (CENTRE[axis] - sight.in_view[axis]) * plan.into >= 2
-            and sight.in_view[along] == CENTRE[along]]
+def is_centred(place):
+    """True when the viewport of a ship at this place is not stopped by the world's border."""
+    look = aim_viewport(*place)
+    return look[0] == place[0] - 145 and look[1] == place[1] - 195 and min(look) > 8
 
 
-def assert_slid(pressing, plan):
-    """The world scrolled along the barrier, and along it only."""
-    axis, along = plan.axis, 1 - plan.axis
-    assert len(pressing) >= 5
-    # A slower ship, before its full speed and after, may come a little closer to the barrier.
-    for across in ([sight.place[axis] for sight in pressing],
-                   [sight.look[axis] for sight in pressing]):
-        assert max(across) - min(across) <= 4
-    ways = [sight.look[along] * plan.along for sight in pressing]
-    assert ways == sorted(ways)
-    assert ways[-1] - ways[0] >= 40
+def blocked_axis(places):
+    """(number of the first place, axis) from which a ship slid along a barrier, or None."""
+    for axis in (0, 1):
+        for first in range(20, len(places) - 1):
+            part = places[first:]
+            if (len({place[axis] for place in part}) == 1
+                    and abs(part[-1][1 - axis] - part[0][1 - axis]) >= SLID):
+                return first, axis
+    return None
 
 
-def teleport(duel, player):
-    captain, log = duel.captains[player], duel.log[player]
-    landing = duel.sea.place_ship()
-    before, begin = captain.phase, len(log)
-    pressed = time.monotonic()
-    duel.run(captain.jump())
-    assert captain.place == landing
-    assert captain.phase == before
-    duel.run(captain.pause(0.15))
-    assert min(sight.dial for sight in log[begin:]) <= DIAL_JUST_FIRED
-    return pressed
-
-
-def assert_no_second_teleport(duel, player):
-    """The next teleport takes 900 frames; the key does nothing before."""
-    captain, log = duel.captains[player], duel.log[player]
-    place, begin = captain.place, len(log)
-    captain.tap("teleport")
-    duel.run(captain.pause(0.3))
-    assert {sight.place for sight in log[begin:]} == {place}
-    dials = [sight.dial for sight in log[begin:]]
-    assert dials == sorted(dials)
-
-
-def await_loaded(duel, player, since, frames):
-    """The dial is full some frames after the key was pressed, and not sooner."""
-    duel.run(duel.wait_loaded(player))
-    log = [sight for sight in duel.log[player] if sight.time > since]
-    emptied = next(i for i, sight in enumerate(log) if sight.dial <= DIAL_JUST_FIRED)
-    full = next(sight.time for sight in log[emptied:] if sight.dial == FULL_DIAL)
-    # The last part of the dial is never seen: 7 of 300 frames and 2 of 120.
-    assert full - since >= frames * FRAME * 0.975
-
-
-def first_shot(duel, player, key):
-    """Holds the given key until the first hit, which takes its part of the enemy's bar."""
-    width = duel.bars(1 - player)[-1]
-    pressed = time.monotonic()
-    duel.run(duel.hit(player, 1, key))
-    assert duel.bars(1 - player)[-1] == BAR_WIDTHS[BAR_WIDTHS.index(width) + 1]
-    return pressed
-
-
-def sink(duel, player, other_hits=0):
-    """Both fire, the other one only for some hits; until the display shows no battle any more."""
-    duel.run(duel.hit(player, other_hits), duel.hit(1 - player, other_hits))
-    flight = set()
-    duel.watchers.append(lambda picture: flight.update(balls_in_world(duel, player, picture)))
-    with pytest.raises(BattleOver):
-        duel.run(duel.hit(player, len(BAR_WIDTHS) + 1))
-    assert [width for width in duel.bars(1 - player) if width] == BAR_WIDTHS
-    assert_straight_flight(flight, duel.captains[player].place, duel.captains[1 - player].place)
-    return duel.bars(player)
-
-
-def balls_in_world(duel, player, picture):
-    look = duel.captains[player].look
-    return [(x + look[0], y + look[1])
-            for x, y in duel.lookout.find_balls(duel.lookout.view(picture, player))]
-
-
-def assert_straight_flight(flight, shooter, target):
-    """All shots of a ship at rest fly along one line from its middle to the enemy."""
-    assert len(flight) >= 3
-    centre = (shooter[0] + 40, shooter[1] + 40)  # the ball is 20 pixels wide, the ship 100
-    goal = (target[0] + 40, target[1] + 40)
-    near, far = (choose(flight, key=lambda place: math.dist(place, centre))
-                 for choose in (min, max))
-    assert math.dist(far, goal) < math.dist(near, goal)
-    way = (far[0] - centre[0], far[1] - centre[1])
-    for x, y in flight:
-        assert way[0] * (x - centre[0]) + way[1] * (y - centre[1]) > 0
-        across = way[0] * (y - centre[1]) - way[1] * (x - centre[0])
-        assert abs(across) <= math.hypot(*way)  # one pixel
+def slides_after_open_water(sea, player):
+    """True when the forward key alone leads through open water and then along a barrier."""
+    places = sail_ahead(sea, player)
+    slide = blocked_axis(places)
+    (x1, y1), (x2, y2) = sea.starts
+    return (slide is not None and math.dist(places[0], places[slide[0]]) > 2 * SAILED
+            and places[slide[0]][slide[1]] != places[0][slide[1]]
+            and max(abs(x1 - x2), abs(y1 - y2)) > 300)
 
 
 # The tests
 
 
-def test_duel_with_every_manoeuvre_won_by_player_1(play, artwork, firing_places):
-    def suits(sea):
-        return has_room_ahead(sea, 0) and has_room_ahead(sea, 1)
+@pytest.fixture
+def seeded(request):
+    """Skips a test that needs a sea of its own choice where the clock cannot be stopped."""
+    if request.config.option.fixed_time is None:
+        pytest.skip("needs a sea of its own choice, --fixed-time")
 
-    seed = choose_seed(artwork, suits)
+
+def leave(guide):
+    guide.stage.tap("Escape")
+    guide.await_menu()
+    guide.stage.tap("q")
+
+
+@pytest.mark.usefixtures("seeded")
+@pytest.mark.parametrize("player", (0, 1))
+def test_ship_sails_ahead_and_slides_along_a_barrier(play, artwork, player):
+    seed = choose_seed(artwork, lambda sea: slides_after_open_water(sea, player))
+    sea = Sea(seed, artwork)
+    places = sail_ahead(sea, player)
+    start, axis = blocked_axis(places)
     with play(seed) as guide:
         guide.skip_intro()
-        duel = open_duel(guide, firing_places, seed)
-        if suits(duel.sea):
-            sail_ahead(duel)
-        slide_along_barriers(duel)
-        jumps = [teleport(duel, player) for player in (0, 1)]
-        assert_no_second_teleport(duel, 0)
-        duel.run(duel.close_in(0))
-        duel.run(duel.aim(0), duel.aim(1))
-        for player in (0, 1):
-            await_loaded(duel, player, jumps[player], 300)
-        fired = first_shot(duel, 0, "fire2")
-        await_loaded(duel, 0, fired, 120)
-        first_shot(duel, 1, "fire")
-        assert sink(duel, 0, 1) == BAR_WIDTHS[:3]
+        watch = Watch(guide)
+        log = watch.log[player]
+        for seen, place, heading in zip(watch.log, sea.starts, sea.headings):
+            assert seen[-1].place == place
+            assert seen[-1].phase == phase_of(heading)
+            assert (seen[-1].bar, seen[-1].dial) == (BAR_WIDTH, FULL_DIAL)
+        watch.hold(player, "forward")
+        watch.run(lambda: math.dist(log[-1].place, places[0]) >= SAILED)
+        assert_sailed_ahead(log, sea.headings[player])
+        watch.run(lambda: abs(log[-1].place[1 - axis] - places[start][1 - axis]) >= SLID - 12)
+        assert_slid(log, places, start, axis)
+        watch.hold(player)
+        leave(guide)
 
-        guide.await_game_over(1)
+
+def assert_sailed_ahead(log, heading):
+    (x1, y1), (x2, y2) = log[0].place, log[-1].place
+    turned = math.atan2(x2 - x1, y2 - y1) - heading
+    # Dropped fractions bend the course by up to 10 degrees.
+    assert abs(math.degrees(math.remainder(turned, 2 * math.pi))) < 12
+    # The ship stays in the middle: it is the world that scrolls.
+    assert all(sight.in_view == CENTRE for sight in log)
+    assert (log[-1].look[0] - log[0].look[0], log[-1].look[1] - log[0].look[1]) == (x2 - x1, y2 - y1)
+
+
+def assert_slid(log, places, start, axis):
+    """The world scrolled along the barrier, and along it only."""
+    shore = places[start][axis]
+    into = 1 if shore > places[0][axis] else -1
+    sliding = [sight for sight in log if sight.place[axis] == shore and sight.in_view
+               and (CENTRE[axis] - sight.in_view[axis]) * into >= 1]
+    assert len(sliding) >= 2
+    along = [sight.look[1 - axis] for sight in sliding]
+    assert along in (sorted(along), sorted(along, reverse=True))
+    # The ship strains towards the barrier, off the middle of its view.
+    assert all(sight.in_view[1 - axis] == CENTRE[1 - axis] for sight in sliding)
+
+
+@pytest.mark.usefixtures("seeded")
+@pytest.mark.parametrize("player", (0, 1))
+def test_teleport_lands_on_the_grid_and_takes_long_to_come_back(play, artwork, player):
+    sea = Sea(5, artwork)
+    landing = sea.place_ship()
+    with play(5) as guide:
+        guide.skip_intro()
+        watch = Watch(guide)
+        log = watch.log[player]
+        phase, begin = log[-1].phase, len(log)
+        watch.hold(player, "teleport")
+        watch.run(lambda: log[-1].place == landing)
+        watch.hold(player)
+        assert log[-1].phase == phase
+        await_loaded(watch, player, begin, TELEPORT_RELOAD)
+        # The next teleport takes 900 frames; the key does nothing before.
+        begin = len(log)
+        watch.hold(player, "teleport")
+        watch.wait(0.3)
+        assert {(sight.place, sight.dial) for sight in log[begin:]} <= {(landing, FULL_DIAL)}
+        leave(guide)
+
+
+def await_loaded(watch, player, begin, frames):
+    """The dial empties and is full some frames later, and not sooner."""
+    log = watch.log[player]
+    watch.run(lambda: any(sight.dial <= DIAL_JUST_FIRED for sight in log[begin:]))
+    emptied = next(sight for sight in log[begin:] if sight.dial <= DIAL_JUST_FIRED)
+    watch.run(lambda: log[-1].dial == FULL_DIAL)
+    # What had passed when the dial was first seen empty, and its last part, which is never seen.
+    missed = (emptied.dial + 2) / FULL_DIAL
+    assert log[-1].time - emptied.time >= frames * FRAME * (1 - missed)
+
+
+@pytest.mark.usefixtures("seeded")
+@pytest.mark.parametrize("player, key", ((0, "fire"), (0, "fire2"), (1, "fire")))
+def test_shot_flies_straight_ahead_and_empties_the_dial(play, artwork, player, key):
+    seed = choose_seed(artwork, lambda sea: has_room_for_a_shot(sea, player))
+    sea = Sea(seed, artwork)
+    with play(seed) as guide:
+        guide.skip_intro()
+        watch = Watch(guide)
+        begin = len(watch.log[player])
+        watch.hold(player, key)
+        watch.run(lambda: watch.log[player][-1].dial < FULL_DIAL)
+        watch.hold(player)
+        await_loaded(watch, player, begin, RELOAD)
+        flight = {ball for sight in watch.log[player] for ball in sight.balls}
+        assert_straight_flight(flight, sea.starts[player], sea.headings[player], 6 + player)
+        leave(guide)
+
+
+def has_room_for_a_shot(sea, player):
+    """True when the enemy is out of the way and the shot stays long in sight."""
+    (x, y), heading = sea.starts[player], sea.headings[player]
+    end = (x + 150 * math.sin(heading), y + 150 * math.cos(heading))
+    way = (min(x, end[0]) - 200, min(y, end[1]) - 200, abs(x - end[0]) + 500, abs(y - end[1]) + 500)
+    return is_centred((x, y)) and not overlap(way, (*sea.starts[1 - player], SHIP, SHIP))
+
+
+def assert_straight_flight(flight, ship, heading, speed):
+    """The shot of a ship at rest flies from its middle, in whole steps along its heading."""
+    assert len(flight) >= 2
+    step = (int(speed * math.sin(heading)), int(speed * math.cos(heading)))
+    for x, y in flight:
+        away = (x - ship[0] - 40, y - ship[1] - 40)  # the ball is 20 pixels wide, the ship 100
+        steps = round(math.hypot(*away) / math.hypot(*step))
+        assert away == (steps * step[0], steps * step[1])
+
+
+@pytest.mark.parametrize("first_seed", (1, 2))
+def test_duel_of_two_pilots(play, first_seed):
+    """Both sail and fire until one is sunk; then the winner is named, and the menu comes back."""
+    with play(first_seed) as guide:
+        guide.skip_intro()
+        watch = Watch(guide, (BRISK, BRISK))
+        watch.run(lambda: watch.match.is_over, LONGEST_DUEL)
+        winner = guide.stage.wait_for(lambda picture: next(
+            (player for player in (1, 2) if guide.shows_text(picture, game_over(player))), None),
+            "the winner")
+        for player in (0, 1):
+            assert is_part_of(watch.bars(player), BAR_WIDTHS)
+        assert watch.bars(2 - winner)[-1] <= BAR_WIDTHS[-2]
         for key in ("Return", "space"):
             guide.stage.tap(key)
         guide.stage.click()
-        time.sleep(0.2)
-        guide.await_game_over(1)
+        watch.wait(0.2)
+        guide.await_game_over(winner)
         guide.stage.tap("Escape")
         guide.await_menu()
         # If any of those had led to the menu, Escape would have ended the program there.
@@ -224,34 +269,18 @@ def test_duel_with_every_manoeuvre_won_by_player_1(play, artwork, firing_places)
         guide.stage.click()
         guide.await_battle()
         guide.stage.point(*PARKED)
-        guide.stage.tap("Escape")
-        guide.await_menu()
-        guide.stage.tap("Up")
-        guide.await_menu(3)
-        guide.stage.tap("Return")
+        leave(guide)
 
 
-def test_duel_won_by_player_2(play, artwork, firing_places):
-    def suits(sea):
-        return math.dist(*sea.starts) < 300
-
-    seed = choose_seed(artwork, suits)
-    with play(seed) as guide:
-        guide.skip_intro()
-        duel = open_duel(guide, firing_places, seed)
-        duel.run(duel.close_in(1))
-        duel.run(duel.aim(0), duel.aim(1))
-        assert sink(duel, 1) == BAR_WIDTHS[:1]
-        guide.await_game_over(2)
-        guide.stage.tap("Escape")
-        guide.await_menu()
-        guide.stage.tap("q")
+def is_part_of(widths, allowed):
+    """True when the widths come in this order; on a busy machine some may be missed."""
+    remaining = iter(allowed)
+    return all(width in remaining for width in widths)
 
 
-def test_ships_that_begin_on_the_same_place(request, play, artwork, firing_places):
+@pytest.mark.usefixtures("seeded")
+def test_ships_that_begin_on_the_same_place(play, artwork):
     """Player 2's ship hides the other one; neither blocks the other, and they fight as ever."""
-    if request.config.option.fixed_time is None:
-        pytest.skip("needs a sea of its own choice")
 
     def suits(sea):
         phases = [phase_of(heading) for heading in sea.headings]
@@ -260,14 +289,15 @@ def test_ships_that_begin_on_the_same_place(request, play, artwork, firing_place
     seed = choose_seed(artwork, suits)
     with play(seed) as guide:
         guide.skip_intro()
-        duel = begin_duel(guide, firing_places, [seed])
-        for log in duel.log:
-            assert log[-1].place == duel.sea.starts[0]
-            assert log[-1].phase == phase_of(duel.sea.headings[1])
-        duel.run(duel.close_in(0))
-        duel.run(duel.aim(0), duel.aim(1))
-        duel.run(duel.hit(0, 1), duel.hit(1, 1))
-        assert [duel.bars(player) for player in (0, 1)] == [BAR_WIDTHS[:2]] * 2
-        guide.stage.tap("Escape")
-        guide.await_menu()
-        guide.stage.tap("q")
+        watch = Watch(guide, (BRISK, BRISK))
+        start = Sea(seed, artwork).starts[0]
+        for log in watch.log:
+            assert log[0].place == start
+        watch.run(lambda: watch.match.chart.distance > SHIP)
+        watch.run(lambda: watch.match.is_over or sum(watch.match.statistics.hits) > 0, LONGEST_DUEL)
+        if watch.match.is_over:
+            guide.stage.tap("Escape")
+            guide.await_menu()
+            guide.stage.tap("q")
+        else:
+            leave(guide)

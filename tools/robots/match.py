@@ -15,6 +15,7 @@ from .think import BRISK, Pilot
 BATTLE_IS_OVER = 5
 # Seconds after which a picture that has not changed is taken for a new one: ships may lie still.
 REPEAT = 0.1
+LOOKS_APART = 0.035  # seconds, at least: more pictures would cost time and gain little
 DELAY = 0.02  # seconds that a key takes to the game and the result to the display
 
 
@@ -39,6 +40,7 @@ class Match:
 
     def step(self):
         """Looks once; true when there was a new picture of the battle."""
+        time.sleep(max(0.0, min(LOOKS_APART, self.chart.time + LOOKS_APART - time.monotonic())))
         picture = self.stage.picture()
         if self.stage.game.poll() is not None:
             raise StageError("the game ended in battle: " + self.stage.messages())

@@ -200,7 +200,7 @@ class Stage:
         image = to_image(self.picture() if picture is None else picture)
         image.save(path, compress_level=1)  # quickly: pilots wait for it
 
-    def wait_for(self, condition, what, timeout=20):
+    def wait_for(self, condition, what, timeout=20, interval=LOOK_INTERVAL):
         """Looks until condition(picture) holds and returns the first true value."""
         deadline = time.monotonic() + timeout
         while True:
@@ -212,7 +212,7 @@ class Stage:
                                  + self.messages())
             if time.monotonic() > deadline:
                 raise NeverSeen(f"never seen in {timeout} s: {what}")
-            time.sleep(LOOK_INTERVAL)
+            time.sleep(interval)
 
     # The end
 
