@@ -30,12 +30,14 @@ BOXED_IN_AFTER = 3.0
 UNDER_FIRE = 1.0
 READY = 45  # frames before the cannon is loaded in which a pilot begins to aim
 SHOT_VALUE = 2.0
+# The worth of a place astern. Only the faster ship can keep one; it has the slower cannonball.
+STERN = (1.6, 0.5)
 SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 
 # reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
 # still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
-Style = namedtuple("Style", "reaction spread patience distance stern")
-BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210, stern=0.9)
+Style = namedtuple("Style", "reaction spread patience distance")
+BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210)
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
@@ -195,7 +197,7 @@ class Pilot:
         values += 0.3 * numpy.abs(numpy.sin(aims - bearing))
         # Astern of the enemy is the place to be: its guns fire ahead.
         there = extrapolate(enemy, STRIDE * STEPS) - course[-1]
-        values += self.style.stern * numpy.cos(
+        values += STERN[self.player] * numpy.cos(
             numpy.arctan2(there[:, 0], there[:, 1]) - enemy.heading)
         values -= 0.2 * numpy.abs(aims_turn(self.heading, aims))
         if self.aim is not None:
