@@ -9,7 +9,7 @@ import numpy
 from .chart import Chart, HITS, UNDER_WAY
 from .press import Fingers, Hands
 from .stage import LOOK_INTERVAL, StageError
-from .think import BRISK, Pilot
+from .think import EVEN, Pilot
 
 # So many pictures without a battle in a row tell that it is over; one may show half a frame.
 BATTLE_IS_OVER = 5
@@ -22,7 +22,7 @@ DELAY = 0.02  # seconds that a key takes to the game and the result to the displ
 class Match:
     """Looks, lets both pilots decide and press their keys. A pilot may be None."""
 
-    def __init__(self, stage, lookout, styles=(BRISK, BRISK)):
+    def __init__(self, stage, lookout, styles=EVEN):
         self.stage = stage
         self.lookout = lookout
         self.chart = Chart(lookout)

@@ -28,16 +28,18 @@ STUCK_AFTER = 0.7  # seconds
 FREEING = 0.8
 BOXED_IN_AFTER = 3.0
 UNDER_FIRE = 1.0
-READY = 45  # frames before the cannon is loaded in which a pilot begins to aim
 SHOT_VALUE = 2.0
 # The worth of a place astern. Only the faster ship can keep one; it has the slower cannonball.
 STERN = (1.6, 0.5)
 SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 
-# reaction: seconds between seeing and pressing; spread: radians by which a shot may be off and
-# still be fired; patience: frames that a shot may fly; distance: pixels to fight at.
-Style = namedtuple("Style", "reaction spread patience distance")
-BRISK = Style(reaction=0.04, spread=0.06, patience=55, distance=210)
+# ready: frames before the cannon is loaded in which a pilot begins to aim; spread: radians by
+# which a shot may be off and still be fired; patience: frames that a shot may fly; distance: pixels
+# to fight at.
+Style = namedtuple("Style", "ready spread patience distance")
+BRISK = Style(ready=45, spread=0.06, patience=55, distance=210)
+# The slower ship of player 2 turns in less room and has the faster ball: it begins to aim later.
+EVEN = (BRISK, BRISK._replace(ready=0))
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
@@ -206,7 +208,7 @@ class Pilot:
 
     def _find_shot(self, me, enemy):
         """The heading on which a shot will hit, the one that is turned to soonest, or None."""
-        if me.loaded_in > READY:
+        if me.loaded_in > self.style.ready:
             return None
         bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
         headings = bearing + numpy.linspace(-1, 1, 41)
