@@ -161,7 +161,8 @@ def assert_sailed_ahead(log, heading):
     assert abs(math.degrees(math.remainder(turned, 2 * math.pi))) < 12
     # The ship stays in the middle: it is the world that scrolls.
     assert all(sight.in_view == CENTRE for sight in log)
-    assert (log[-1].look[0] - log[0].look[0], log[-1].look[1] - log[0].look[1]) == (x2 - x1, y2 - y1)
+    scrolled = (log[-1].look[0] - log[0].look[0], log[-1].look[1] - log[0].look[1])
+    assert scrolled == (x2 - x1, y2 - y1)
 
 
 def assert_slid(log, places, start, axis):

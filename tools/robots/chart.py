@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Remembering: what the pictures so far tell of the sea, both ships and the cannonballs.
 
-Places are top left corners in world pixels, headings are radians (0 down, growing to the left on
-the display), speeds are pixels per frame. Times are seconds. A frame of the game takes 16 ms at its full pace; the chart measures it.
+Places are top left corners in world pixels. Headings are radians, 0 down and growing to the left
+on the display. Speeds are pixels per frame. Times are seconds; a frame of the game takes 16 ms at
+its full pace, and the chart measures what it takes at present.
 """
 
 import math

@@ -42,7 +42,7 @@ class Runs:
         self.table = numpy.full(1 << bits, -1, kind)
 
     def keys(self, pixels):
-        """The hash value of the run that begins at each pixel; the last three of a row have none."""
+        """The hash value of the run that begins at each pixel, except the last three of a row."""
         width = pixels.shape[-1] - self.LENGTH + 1
         total = numpy.zeros(pixels.shape[:-1] + (width,), numpy.uint32)
         for i, factor in enumerate(self.FACTORS):
