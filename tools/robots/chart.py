@@ -17,7 +17,7 @@ from .see import (BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, SHIP, VIEW_HEIG
                   VIEW_WIDTH, aim_viewport)
 
 FRAME = 0.016  # seconds
-SLOWEST_FRAME = 0.15  # on a machine that is very busy
+SLOWEST_FRAME = 0.06  # on a machine that is very busy
 TOP_SPEEDS = (6, 5)
 TURN = 0.05  # radians per frame
 FULL_TURN = 6.282
@@ -164,7 +164,8 @@ class Chart:
         if jumped:
             # Each place to which a ship can be put shows other water.
             look = max(looks, key=lambda look: values[look] - from_start(look) / 20)
-            ship.jumped = self.time if ship.look else -math.inf
+            if ship.look is not None:
+                ship.jumped, ship.reload, ship.emptied = self.time, TELEPORT_RELOAD, None
             ship.trail.clear()
         ship.look = look
         self._find(ship, half.ships, jumped)
@@ -268,7 +269,7 @@ class Chart:
         time, dial = ship.emptied
         if ship.dial - dial >= PACE_STEPS:
             frame = (self.time - time) / ((ship.dial - dial) * ship.reload / FULL_DIAL)
-            self.frame = min(max(frame, FRAME), SLOWEST_FRAME)
+            self.frame = (self.frame + min(max(frame, FRAME), SLOWEST_FRAME)) / 2
             ship.emptied = self.time, ship.dial
 
 

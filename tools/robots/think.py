@@ -39,7 +39,7 @@ SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 Style = namedtuple("Style", "ready spread patience distance")
 BRISK = Style(ready=45, spread=0.06, patience=55, distance=210)
 # The slower ship of player 2 turns in less room and has the faster ball: it begins to aim later.
-EVEN = (BRISK, BRISK._replace(ready=0))
+EVEN = (BRISK, BRISK._replace(ready=20))
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
