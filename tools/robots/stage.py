@@ -100,9 +100,10 @@ class Stage:
     def __enter__(self):
         self.scratch = Path(tempfile.mkdtemp(prefix="morvane-stage-"))
         try:
-            self.display = VirtualDisplay(self.scratch)
+            self.display = self._open_display()
             self.hands = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE, text=True,
-                                          env=self._environment(), stdout=subprocess.DEVNULL)
+                                          env=self._environment(), stdout=subprocess.DEVNULL,
+                                          stderr=subprocess.DEVNULL)
             self._start_game()
         except BaseException:
             self._clear()
@@ -111,6 +112,9 @@ class Stage:
 
     def __exit__(self, *_):
         self._clear()
+
+    def _open_display(self):
+        return VirtualDisplay(self.scratch)
 
     def _environment(self):
         environment = dict(os.environ, DISPLAY=self.display.name, SDL_AUDIODRIVER="dummy",

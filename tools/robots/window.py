@@ -1,0 +1,221 @@
+# SPDX-FileCopyrightText: 2026 The Morvane makers
+# SPDX-License-Identifier: MIT
+"""The game in a window on the desktop, steered by a person's keys and a pilot's at the same time.
+
+Xephyr is an X server inside a window. Its pictures are as exact as those of a virtual display, on
+any desktop.
+"""
+
+import ctypes
+import os
+import re
+import select
+import signal
+import subprocess
+import threading
+import time
+
+import numpy
+from Xlib import X, display
+from Xlib.error import ConnectionClosedError, DisplayConnectionError
+from Xlib.ext import xtest
+
+from .stage import HEIGHT, WIDTH, Stage, StageError, stop_process
+
+ALL_PLANES, Z_PIXMAP = 0xFFFFFFFF, 2
+PRIVATE, CREATE, REMOVE = 0, 0o1600, 0  # for the shared memory calls
+# A desktop repeats a held key as a release and a press at once. A release counts only when no press
+# has followed it by then.
+RELEASE_AFTER = 0.015  # seconds
+CLOSING = 5  # seconds in which the window goes when it has taken the game along
+
+
+class Cookie(ctypes.Structure):
+    """A request whose reply is expected."""
+    _fields_ = [("sequence", ctypes.c_uint)]
+
+
+class Screens(ctypes.Structure):
+    """The iterator over the screens of an X server."""
+    _fields_ = [("screen", ctypes.POINTER(ctypes.c_uint32)), ("rest", ctypes.c_int),
+                ("index", ctypes.c_int)]
+
+
+def declare(library, name, result, *arguments):
+    function = getattr(library, name)
+    function.restype, function.argtypes = result, arguments
+    return function
+
+
+class Camera:
+    """Takes pictures of a whole display through shared memory, in about a millisecond each."""
+
+    def __init__(self, name):
+        xcb, shm = ctypes.CDLL("libxcb.so.1"), ctypes.CDLL("libxcb-shm.so.0")
+        libc = ctypes.CDLL(None)
+        pointer, word, half = ctypes.c_void_p, ctypes.c_uint32, ctypes.c_uint16
+        connect = declare(xcb, "xcb_connect", pointer, ctypes.c_char_p, pointer)
+        setup = declare(xcb, "xcb_get_setup", pointer, pointer)
+        screens = declare(xcb, "xcb_setup_roots_iterator", Screens, pointer)
+        new_id = declare(xcb, "xcb_generate_id", word, pointer)
+        attach = declare(shm, "xcb_shm_attach", Cookie, pointer, word, word, ctypes.c_uint8)
+        self._ask = declare(shm, "xcb_shm_get_image", Cookie, pointer, word, half, half, half, half,
+                            word, ctypes.c_uint8, word, word)
+        self._reply = declare(shm, "xcb_shm_get_image_reply", pointer, pointer, Cookie, pointer)
+        self._free = declare(libc, "free", None, pointer)
+        self.connection = connect(name.encode(), None)
+        self.root = screens(setup(self.connection)).screen[0]
+        segment = libc.shmget(PRIVATE, 4 * WIDTH * HEIGHT, CREATE)
+        address = declare(libc, "shmat", pointer, ctypes.c_int, pointer, ctypes.c_int)(
+            segment, None, 0)
+        self.segment = new_id(self.connection)
+        attach(self.connection, self.segment, segment, 0)
+        pixels = (word * (WIDTH * HEIGHT)).from_address(address)
+        self.pixels = numpy.ctypeslib.as_array(pixels).reshape(HEIGHT, WIDTH)
+        self.picture()
+        libc.shmctl(segment, REMOVE, None)  # goes when the last who uses it has gone
+
+    def picture(self):
+        reply = self._reply(self.connection, self._ask(
+            self.connection, self.root, 0, 0, WIDTH, HEIGHT, ALL_PLANES, Z_PIXMAP, self.segment, 0),
+            None)
+        if not reply:
+            raise StageError("the window was closed")
+        self._free(reply)
+        return self.pixels & 0xFFFFFF
+
+
+class WindowDisplay:
+    """An X server in a window of the desktop."""
+
+    def __init__(self, title):
+        reader, writer = os.pipe()
+        self.process = subprocess.Popen(
+            ["Xephyr", "-displayfd", str(writer), "-screen", f"{WIDTH}x{HEIGHT}", "-title", title,
+             "-nolisten", "tcp", "-noreset", "-no-host-grab"],
+            pass_fds=[writer], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as number:
+            self.name = ":" + number.readline().strip()
+        if self.name == ":":
+            raise StageError(f"no window can be opened on the X display {os.environ['DISPLAY']}")
+        self._copy_layout()
+        self.camera = Camera(self.name)
+
+    def _copy_layout(self):
+        """Gives the pilot's keyboard the layout of the person's."""
+        said = subprocess.run(["setxkbmap", "-query"], capture_output=True, text=True, check=False)
+        options = [word for name, value in re.findall(r"^(\w+): +(\S+)$", said.stdout, re.M)
+                   for word in ("-" + name, value)]
+        subprocess.run(["setxkbmap", "-display", self.name, *options], stderr=subprocess.DEVNULL,
+                       check=False)
+
+    def picture(self):
+        return self.camera.picture()
+
+    def stop(self):
+        stop_process(self.process, signal.SIGTERM)
+
+
+class Person:
+    """Passes on the person's keys through the keyboard that the pilot uses, too.
+
+    With two keyboards, the window's server would tell the game of a new keyboard with every change
+    of hands. And the desktop's repeats would make the game lose keys that are held.
+    """
+
+    def __init__(self, name):
+        environment = dict(os.environ, DISPLAY=name)
+        said = subprocess.run(["xinput", "list"], env=environment, capture_output=True, text=True,
+                              check=True).stdout
+        device = re.search(r"Xephyr virtual keyboard\s+id=(\d+)", said).group(1)
+        subprocess.run(["xinput", "float", device], env=environment, check=True)
+        self.connection = display.Display(name)
+        self.connection.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOff)
+        self.process = subprocess.Popen(["xinput", "test", device], env=environment,
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.down = set()
+        self.releases = {}  # key: when its release counts
+        threading.Thread(target=self._pass_on, daemon=True).start()
+
+    def _pass_on(self):
+        source, unread = self.process.stdout.fileno(), b""
+        try:
+            while True:
+                if select.select([source], [], [], RELEASE_AFTER / 3)[0]:
+                    text = os.read(source, 4096)
+                    if not text:
+                        return
+                    *lines, unread = (unread + text).split(b"\n")
+                    for line in lines:
+                        self._hear(line.split())
+                self._release()
+        except (ConnectionClosedError, DisplayConnectionError, OSError):
+            pass  # the window was closed; whoever looks at it says so
+
+    def _hear(self, words):
+        if len(words) < 3 or words[0] != b"key":
+            return
+        key = int(words[2])
+        if words[1] == b"release":
+            self.releases[key] = time.monotonic() + RELEASE_AFTER
+            return
+        self.releases.pop(key, None)
+        if key not in self.down:
+            self.down.add(key)
+            self._send(X.KeyPress, key)
+
+    def _release(self):
+        now = time.monotonic()
+        for key in [key for key, due in self.releases.items() if due <= now]:
+            del self.releases[key]
+            self.down.discard(key)
+            self._send(X.KeyRelease, key)
+
+    def _send(self, kind, key):
+        xtest.fake_input(self.connection, kind, key)
+        self.connection.flush()
+
+    def stop(self):
+        stop_process(self.process, signal.SIGTERM)
+
+
+class Window(Stage):
+    """The game in a window of the desktop, with the desktop's sound."""
+
+    def __init__(self, binary, root, title):
+        super().__init__(binary, root)
+        self.title = title
+        self.person = None
+
+    def _open_display(self):
+        shown = WindowDisplay(self.title)
+        self.person = Person(shown.name)
+        return shown
+
+    def _environment(self):
+        environment = super()._environment()
+        del environment["SDL_AUDIODRIVER"]
+        if "SDL_AUDIODRIVER" in os.environ:
+            environment["SDL_AUDIODRIVER"] = os.environ["SDL_AUDIODRIVER"]
+        return environment
+
+    def _do(self, command):
+        try:
+            super()._do(command)
+        except BrokenPipeError:
+            pass  # the window was closed
+
+    def is_closed(self):
+        """True when the window has gone, which ends the game, too."""
+        try:
+            self.display.process.wait(0 if self.game.poll() == 0 else CLOSING)
+            return True
+        except subprocess.TimeoutExpired:
+            return False
+
+    def _clear(self):
+        if self.person is not None:
+            self.person.stop()
+        super()._clear()
