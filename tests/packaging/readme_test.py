@@ -38,6 +38,8 @@ ELSEWHERE = {
     "cpack": ("tests/packaging/install_test.py", r"^    pack\(build, directory\)$"),
     "cpack --config CPackSourceConfig.cmake":
         ("tests/packaging/install_test.py", r'"--config", "CPackSourceConfig\.cmake"\)$'),
+    "tools/partner left brisk":
+        ("tests/system/test_partner.py", r'^PARTNER = "tools/partner"$'),
     "dpkg-buildpackage --no-sign": ("packaging/check", r"dpkg-buildpackage --no-sign"),
 }
 # Of the contributors' pages only: takes drawing tools that the tests do without. What it is told to
