@@ -92,11 +92,17 @@ TEST_P(MenuModifierTest, startsABattleWhenReturnOrSpaceIsReleased) {
     for (const SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
         menu->focusedButton = 0;
         menu->waitingToReleaseReturn = false;
-        send(down(key));
+        // As in the main loop, the key table comes first.
+        SDL_Event pressed = down(key);
+        Keyboard::keyPress(&pressed);
+        send(pressed);
         EXPECT_EQ(newProgramMode, nullptr);
         EXPECT_TRUE(menu->waitingToReleaseReturn);
-        send(up(key));
+        SDL_Event released = up(key);
+        Keyboard::keyRelease(&released);
+        send(released);
         EXPECT_TRUE(takeRequest<GameHandler>());
+        Keyboard::releaseKeys();
     }
 }
 
