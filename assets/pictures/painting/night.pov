@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // A ship before the moon, on a clear ground; five metres are sixteen pixels of the picture.
 // To change: Through is how much of the moon shines through her sails; poses.inc turns her.
+// The picture's own script darkens her to a silhouette.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #declare Through = .022;
@@ -13,9 +14,8 @@ global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #declare T_Pennant = T_Ensign;
 #include "first.inc"
 camera{ orthographic location <0,29.25,-400> direction z*400 up y*62.5 right x*87.5 }
-// The moon behind her draws the warm rims; the sky in front keeps a little form in the cloth.
-light_source{ <260,620,900> rgb <1,.86,.62>*1.9 area_light x*240,y*240,3,3 adaptive 1
+// The moon stands behind her; the sky in front keeps a trace of form in cloth and wood.
+light_source{ <420,420,900> rgb <1,.86,.62>*1.2 area_light x*400,y*400,4,4 adaptive 1
   circular orient parallel point_at 0 }
-light_source{ <-900,600,-900> rgb <.36,.50,.86>*.27 shadowless parallel point_at 0 }
-light_source{ <900,200,-500> rgb <.40,.50,.76>*.06 shadowless parallel point_at 0 }
+light_source{ <-500,900,-900> rgb <.36,.50,.86>*.10 shadowless parallel point_at 0 }
 #include "poses.inc"

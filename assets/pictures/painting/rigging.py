@@ -9,7 +9,7 @@ import numpy as np
 from painting.sails import YARDS, mast_at
 from painting.shape import place, rail, sheer, station
 
-ROPE = .055
+ROPE = .075
 SPRIT = np.array([[19.5, 9.2, 0], [34.8, 15.0, 0], [43.6, 20.4, 0]])
 
 

@@ -112,9 +112,10 @@ def three_sided(ship, tack, head, clew, wind, depth):
 
 def headsails(ship, wind):
     s = wind.side
-    three_sided(ship, (42.4, 20.6, 0), (14.4, 42., .2 * s), (27.4, 18.6, 2.8 * s), wind, 2.4)
-    three_sided(ship, (36.9, 18.2, 0), (14., 37.5, .2 * s), (23.8, 15., 3.4 * s), wind, 2.4)
-    three_sided(ship, (31.4, 15.6, 0), (13.6, 29., .2 * s), (19.8, 12.2, 3.4 * s), wind, 1.9)
+    # Their luffs lie on the stays, their heads well before the bellies of the square sails.
+    three_sided(ship, (42.4, 21.4, 0), (20., 40.6, 0), (28.4, 18.8, 2.4 * s), wind, 1.7)
+    three_sided(ship, (38.5, 19.0, 0), (19.5, 35.8, 0), (24.6, 15.2, 2.8 * s), wind, 1.7)
+    three_sided(ship, (32.2, 15.4, 0), (18.5, 28.3, 0), (20.4, 12.4, 3. * s), wind, 1.4)
 
 
 def gaff_end(wind):
@@ -151,7 +152,7 @@ def ensign(ship, wind, hoist, length, height):
     a = np.linspace(0, 1, 40)
     rows = []
     for b in np.linspace(0, 1, 14):
-        wave = .95 * np.sin(8.2 * a - .9 * b) * a ** .6
+        wave = .55 * np.sin(8.2 * a - .9 * b) * a ** .6
         sag = -1.5 * a ** 1.6 - .35 * np.sin(6 * a + b)
         rows.append(hoist + a[:, None] * length * wind.blow + wave[:, None] * side
                     + np.stack([0 * a, sag * length / 11.5 - height * b, 0 * a], 1))
