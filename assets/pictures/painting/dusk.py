@@ -41,6 +41,29 @@ class Dusk:
         c = lay(c, linear('c07a6c') * .8, .22 * amount)
         return lay(c, linear('ffb868'), .34 * amount * near)
 
+    def path(self):
+        """Light to add to the water: the sun's path, dense at the horizon, broken nearer by."""
+        down = np.clip(self.y - VIEW.horizon, 0, None)
+        wide = 15 + .42 * down
+        streak = smoothstep(self.noise(97, 1.0, sx=7.) + np.exp(-down / 9), -.5, 1.5)
+        light = streak * np.exp(-((self.x - SUN[0]) / wide) ** 2 - down / 52) * (down > 0)
+        return (1.15 * light)[..., None] * linear('ffcf84')
+
+    def ripples(self, water, top):
+        """The water without the mosaic of far waves, and with finer ones nearby."""
+        y = self.y[top:]
+        far = np.exp(-np.clip(y - VIEW.horizon, 0, None) / 34)[..., None]
+        n = self.scale
+        water = water + (gaussian_filter(water, (.5 * n, 2.4 * n, 0)) - water) * .9 * far
+        near = smoothstep(y, 440, 560)
+        return water * (1 + .13 * near * self.noise(99, .9, sx=5.)[top:])[..., None]
+
+    def warm(self, colour):
+        """A ship's colours in this light: golden, and dimmer the farther from the sun."""
+        away = np.hypot(self.x - SUN[0], .6 * (self.y - SUN[1]))
+        fall = (1.10 - .48 * smoothstep(away, 120, 440))[..., None]
+        return colour * fall * linear('fff0d2')
+
     def rays(self):
         """Faint beams between the clouds, wider and weaker away from the sun."""
         dx, dy = self.x - SUN[0], self.y - SUN[1]

@@ -17,8 +17,11 @@ def profile(pose, sea):
     """Picture positions (x, y), metres a pixel and part of her length, of her waterline."""
     points = pose.waterline()
     points[:, 1] = sea.height(points[:, 0], points[:, 2])
-    flat = VIEW.project(points)
-    return flat[:, 0], flat[:, 1], points[:, 2] / VIEW.focus, np.linspace(0, 1, len(points))
+    x, y = VIEW.project(points).T
+    # Abaft her widest place the side turns away and is hidden.
+    seen = np.argmin(x * np.sign(x[-1] - x[0]))
+    part = np.linspace(0, 1, len(points))
+    return x[seen:], y[seen:], points[seen:, 2] / VIEW.focus, part[seen:]
 
 
 def across(x, line, values):
@@ -28,8 +31,8 @@ def across(x, line, values):
 
 def crest(metres):
     """Height of the water along her side, metres behind the stem: bow wave, trough and quarter."""
-    return (2.3 * np.exp(-((metres - 1.6) / 2.6) ** 2) + .8 * np.exp(-((metres - 9) / 4) ** 2)
-            + .45 * np.exp(-((metres - 40) / 7) ** 2))
+    return (1.8 * np.exp(-((metres - 1.6) / 2.4) ** 2) + .45 * np.exp(-((metres - 9) / 4) ** 2)
+            + .25 * np.exp(-((metres - 40) / 7) ** 2))
 
 
 def afloat(dusk, pose, sea, cover):
@@ -51,15 +54,16 @@ def waterline(c, dusk, pose, sea, seed):
                     (x[-1] - dusk.x) * ahead * length)      # metres behind the stem
     behind = np.where((x[0] - dusk.x) * ahead > 0, (x[0] - dusk.x) * ahead * length, 0)
     gone = gone + behind
-    n, fine = dusk.noise(seed, 1.25), dusk.noise(seed + 7, .9)
+    n, fine = dusk.noise(seed, 1.25, sx=2.2), dusk.noise(seed + 7, .8, sx=1.8)
     above = (level - dusk.y) / metre
-    high = crest(gone) * (1 + .22 * n) + .16 * fine + .22
-    body = smoothstep(high - above, -.05, .35)
-    reach = .5 + .9 * np.exp(-((gone - 3) / 6) ** 2) + .012 * gone
+    high = crest(gone) * (1 + .30 * np.clip(n, -1, 2)) + .20 * fine + .10
+    body = smoothstep(high - above, -.05, .45)
+    reach = .35 + 1.3 * np.exp(-((gone - 4) / 6) ** 2) + .008 * gone
     body = body * np.exp(-(np.clip(-above, 0, None) / (reach * (1 + .3 * n))) ** 2)
     inside = smoothstep(gone, -3.2, -.6) * (1 - smoothstep(gone, 44, 47))
-    torn = np.clip(.72 + .34 * n + .22 * fine, 0, 1) * (
-        .45 + .55 * np.exp(-np.clip(gone - 4, 0, None) / 9))
+    torn = smoothstep(.5 * n + .45 * fine, -.75, .9) * (
+        .50 + .50 * np.exp(-np.clip(gone - 4, 0, None) / 8))
+    torn = np.maximum(torn, .75 * np.exp(-(gone / 5.5) ** 2))
     body = body * inside * torn
     wake = np.exp(-((above + .5 + .05 * behind) / (.5 + .05 * behind)) ** 2) * (behind > 0)
     wake = wake * np.exp(-behind / 26) * np.clip(.4 + .4 * n + .3 * fine, 0, 1)
@@ -67,10 +71,13 @@ def waterline(c, dusk, pose, sea, seed):
     spray = spray * np.exp(-((above - 1.2 * high) / 1.1) ** 2)
     spray = spray * np.exp(-((gone - 1) / 4.) ** 2) * (above > 0)
     foam = np.clip(np.maximum.reduce([body, .8 * wake, .8 * spray]), 0, .93)
-    light = np.clip(.22 + .62 * above / np.maximum(high, .5) + .2 * fine, 0, 1)
+    light = np.clip(.18 + .55 * above / np.maximum(high, .5) + .25 * fine, 0, 1)
     light = np.maximum(light, spray)[..., None]
-    colour = linear('75628a') * (1 - light) + linear('ffe0b8') * light
-    return lay(c, colour, gaussian_filter(foam, .45 * dusk.scale))
+    colour = linear('5e4d5e') * (1 - light) + linear('ffd6a6') * .85 * light
+    # Between wet planks and foam lies a dark line: her own shadow on the water.
+    contact = .6 * np.exp(-((above + .25) / np.where(above > -.25, .30, .9)) ** 2) * inside
+    return lay(lay(c, linear('17121f'), contact), colour,
+               gaussian_filter(foam, .45 * dusk.scale))
 
 
 def image(layer, level, x, y, ripple, scale):
@@ -85,10 +92,10 @@ def image(layer, level, x, y, ripple, scale):
 def mirror(c, dusk, pose, sea, ship, seed):
     """The ship's image in the water before her; it fades where the sea gets rough and near."""
     x, y, _, _ = profile(pose, sea)
-    level = across(dusk.x, x, y)
+    level = gaussian_filter(across(dusk.x, x, y), (0, 6 * dusk.scale))
     ripple = .7 * dusk.noise(seed, 1.1, sx=5.) + .5 * dusk.noise(seed + 1, 1.5, sx=3.)
     seen = image(ship, level, dusk.x, dusk.y, ripple, dusk.scale)
-    strength = .58 * np.clip(1 - (dusk.y - level) / 58, 0, 1) ** 1.1
-    strength = strength * np.clip(.85 + .3 * ripple, .3, 1)
+    strength = .86 * np.clip(1 - (dusk.y - level) / 78, 0, 1) ** 1.1
+    strength = strength * np.clip(.85 + .35 * ripple, .25, 1)
     seen = seen * strength[..., None]
-    return c * (1 - seen[..., 3:]) + seen[..., :3] * .62
+    return c * (1 - seen[..., 3:]) + seen[..., :3] * .45 + seen[..., 3:] * linear('2b2438') * .5

@@ -15,9 +15,9 @@ from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # From stern to bow; none has not fired.
-AGES = {'First': (None, None, .10, None, None, .18, None, 1.4, None, .09, None, 2.6),
-        'Second': (4., .20, None, 2.4, .08, None, 1.2, None, .15, None, .05, None)}
-DIP = np.array([-.12, -.30, 0])     # the flames' heavy end sinks towards the water
+AGES = {'First': (None, .03, None, None, .10, None, None, .17, None, None, .9, 2.),
+        'Second': (3., None, .03, None, None, None, .11, None, None, None, .17, 1.6)}
+DIP = np.array([0, -.30, 0])     # the flames' heavy end sinks towards the water
 FLASH = .3          # seconds that one lasts
 BLOW = np.array([np.cos(np.radians(WIND)), 0, np.sin(np.radians(WIND))])
 
@@ -37,7 +37,7 @@ def puffs(pose):
             at = at + BLOW * (3.2 * t) + (0, .95 * t + .5 * np.sin(3. * k + part), 0)
             (x, y), = VIEW.project(at[None])
             size = (.7 + 1.15 * t ** .75) * VIEW.focus / at[2]
-            out.append((x, y, size, .30 * np.exp(-.25 * t) * (1 if age > FLASH else .4)))
+            out.append((x, y, size, .30 * np.exp(-.25 * t) * (1 if age > FLASH else .25)))
     return out
 
 
@@ -101,23 +101,33 @@ def tongues(dusk, pose):
         if age > FLASH:
             continue
         strength = 1 - (age / FLASH) ** 2 * .8
-        reach = 6.5 * (.55 + .45 * strength)
+        reach = 5. * (.6 + .4 * strength)
         start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * reach]))
         along = end - start
         # One that points at the eye is seen short, but never as a mere dot.
-        length = max(np.hypot(*along), 8 * strength + 3)
+        length = max(np.hypot(*along), 8 * strength + 5)
         direction = along / max(np.hypot(*along), 1e-6)
         u = ((dusk.x - start[0]) * direction[0] + (dusk.y - start[1]) * direction[1]) / length
         v = ((dusk.y - start[1]) * direction[0] - (dusk.x - start[0]) * direction[1]) / length
         q = np.clip(u, 0, 1)
-        wide = .07 + .17 * np.sqrt(q) * (1 - q) ** .5
+        wide = .045 + .13 * np.sqrt(q) * (1 - q) ** .5
         wide = wide * np.clip(1 + .45 * rough + .3 * np.sin(17 * u + 3 * k), .4, 2)
         flame = np.exp(-(v / wide) ** 2) * smoothstep(u, -.12, .04)
         flame = flame * np.clip(1.15 - u + .22 * rough, 0, 1) ** .8
         middle = start + .3 * along
         away = np.hypot(dusk.x - middle[0], dusk.y - middle[1])
-        light += (2.2 * strength * flame ** 2)[..., None] * linear('ffe9a8')
+        light += (1.7 * strength * flame ** 2)[..., None] * linear('ffe9a8')
         light += (.9 * strength * flame ** .9)[..., None] * linear('ff8a2c')
-        halo = .16 * strength * np.exp(-away / 8) + .04 * np.exp(-away / 26)
+        halo = .13 * strength * np.exp(-away / 5) + .04 * np.exp(-away / 26)
+        halo = halo + strength * on_water(dusk, muzzle + aim * .4 * reach)
         light += halo[..., None] * linear('ff8434')
     return light
+
+
+def on_water(dusk, flame):
+    """The broken image of a flame on the sea below it."""
+    (x, y), = VIEW.project((flame * (1, 0, 1))[None])
+    down = np.clip(dusk.y - y, 0, None)
+    waves = np.clip(.35 + .8 * dusk.noise(73, 1.1, sx=6.), 0, 2)
+    return .75 * waves * np.exp(-((dusk.x - x) / (4 + .16 * down)) ** 2 - down / 24) * (
+        smoothstep(dusk.y, y - 2, y + 1))

@@ -14,6 +14,7 @@ from PIL import Image
 
 from common import povray
 from common.light import linear_to_srgb, srgb_to_linear
+from common.noise import smoothstep
 from common.palette import linear
 from common.raster import read_layer, reduce, to_solid
 from painting import dress, foam, gunfire, sky, vessel
@@ -45,9 +46,11 @@ def render_ships(work):
 def mirrored(layers):
     """For the sea: what its rays see of the ships."""
     def look(sea, rays, seen):
+        clear = seen
         for pose, ship in layers:
-            seen = sea.reflect(rays, seen, ship, pose.spot[2], VIEW, SCALE)
-        return seen
+            seen = sea.reflect(rays, seen, ship * (.6, .6, .65, 1), pose.spot[2], VIEW, SCALE)
+        # On near waves a ship would be no image any more, but gravel.
+        return clear + (seen - clear) * smoothstep(sea.z, 35, 95)[..., None]
     return look
 
 
@@ -67,15 +70,15 @@ def compose(work):
     c = c + dusk.rays()
     sea = Sea(W, H, SCALE)
     water = sea.water(colours, mirrored(list(zip((FIRST, SECOND), halves))), glitter)
-    c[sea.top:] = sea.whitecaps(water)
-    c = dusk.haze(c)
+    c[sea.top:] = sea.whitecaps(dusk.ripples(water, sea.top))
+    c = dusk.haze(c) + dusk.path()
     light = 0
     for pose, ship, part, seed in ((FIRST, halves[0], ((0, 250), (380, 230)), 51),
                                    (SECOND, halves[1], ((440, 250), (360, 250)), 65)):
         near = gunfire.flashes(pose)
         c = gunfire.smoke(c, dusk, *part, gunfire.bank(pose, (-14, 44), 9, .34), seed)
         cover = foam.afloat(dusk, pose, sea, ship[..., 3])
-        colour = ship[..., :3] / np.maximum(ship[..., 3:], 1e-4)
+        colour = dusk.warm(ship[..., :3] / np.maximum(ship[..., 3:], 1e-4))
         far = .10 if pose is FIRST else .04
         c = lay(c, lay(colour, linear('d88a62') * .8, np.full(cover.shape, far)), cover)
         c = foam.mirror(c, dusk, pose, sea, np.dstack([ship[..., :3], cover]), seed + 20)
@@ -88,7 +91,7 @@ def compose(work):
 def paint(o, ships):
     """Broad strokes in sky and sea, narrow ones in the ships, and a trace of canvas grain."""
     broad = kuwahara(np.pad(o, ((16, 16), (16, 16), (0, 0)), mode='edge'), 6)[16:-16, 16:-16]
-    o = lay(o, broad, .55 * (1 - ships))
+    o = lay(o, broad, .28 * (1 - ships))
     return strokes(o, 5, 2.5)
 
 
@@ -97,5 +100,5 @@ def make(work):
     o = paint(dusk.grade(c), ships)
     o = linear_to_srgb(reduce(srgb_to_linear(o), SCALE))
     grain = Dusk(W, H, 1).noise(5, .6)[..., None]
-    o = np.clip(o * (1 + .011 * grain), 0, 1)
+    o = np.clip(o * (1 + .005 * grain), 0, 1)
     return to_solid(Image.fromarray((o * 255 + .5).astype('uint8')))
