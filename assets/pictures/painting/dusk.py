@@ -62,7 +62,7 @@ class Dusk:
         """A ship's colours in this light: golden, and dimmer the farther from the sun."""
         away = np.hypot(self.x - SUN[0], .6 * (self.y - SUN[1]))
         fall = (1.10 - .48 * smoothstep(away, 120, 440))[..., None]
-        return colour * fall * linear('fff0d2')
+        return colour * fall * linear('ffe8ce')
 
     def rays(self):
         """Faint beams between the clouds, wider and weaker away from the sun."""

@@ -73,7 +73,7 @@ def waterline(c, dusk, pose, sea, seed):
     foam = np.clip(np.maximum.reduce([body, .8 * wake, .8 * spray]), 0, .93)
     light = np.clip(.18 + .55 * above / np.maximum(high, .5) + .25 * fine, 0, 1)
     light = np.maximum(light, spray)[..., None]
-    colour = linear('5e4d5e') * (1 - light) + linear('ffd6a6') * .85 * light
+    colour = linear('434659') * (1 - light) + linear('ffd6a6') * .85 * light
     # Between wet planks and foam lies a dark line: her own shadow on the water.
     contact = .6 * np.exp(-((above + .25) / np.where(above > -.25, .30, .9)) ** 2) * inside
     return lay(lay(c, linear('17121f'), contact), colour,

@@ -15,8 +15,8 @@ from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # From stern to bow; none has not fired.
-AGES = {'First': (None, .03, None, None, .10, None, None, .17, None, None, .9, 2.),
-        'Second': (3., None, .03, None, None, None, .11, None, None, None, .17, 1.6)}
+AGES = {'First': (None, .03, None, .07, None, .11, None, .16, None, None, .9, 2.),
+        'Second': (3., None, .03, None, None, .07, None, None, .11, None, None, 1.6)}
 DIP = np.array([0, -.30, 0])     # the flames' heavy end sinks towards the water
 FLASH = .3          # seconds that one lasts
 BLOW = np.array([np.cos(np.radians(WIND)), 0, np.sin(np.radians(WIND))])
@@ -101,7 +101,7 @@ def tongues(dusk, pose):
         if age > FLASH:
             continue
         strength = 1 - (age / FLASH) ** 2 * .8
-        reach = 5. * (.6 + .4 * strength)
+        reach = 5.6 * (.6 + .4 * strength)
         start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * reach]))
         along = end - start
         # One that points at the eye is seen short, but never as a mere dot.
@@ -116,8 +116,8 @@ def tongues(dusk, pose):
         flame = flame * np.clip(1.15 - u + .22 * rough, 0, 1) ** .8
         middle = start + .3 * along
         away = np.hypot(dusk.x - middle[0], dusk.y - middle[1])
-        light += (1.7 * strength * flame ** 2)[..., None] * linear('ffe9a8')
-        light += (.9 * strength * flame ** .9)[..., None] * linear('ff8a2c')
+        light += (2.6 * strength * flame ** 2)[..., None] * linear('ffe9a8')
+        light += (1.2 * strength * flame ** .9)[..., None] * linear('ff8a2c')
         halo = .13 * strength * np.exp(-away / 5) + .04 * np.exp(-away / 26)
         halo = halo + strength * on_water(dusk, muzzle + aim * .4 * reach)
         light += halo[..., None] * linear('ff8434')
@@ -128,6 +128,6 @@ def on_water(dusk, flame):
     """The broken image of a flame on the sea below it."""
     (x, y), = VIEW.project((flame * (1, 0, 1))[None])
     down = np.clip(dusk.y - y, 0, None)
-    waves = np.clip(.35 + .8 * dusk.noise(73, 1.1, sx=6.), 0, 2)
-    return .75 * waves * np.exp(-((dusk.x - x) / (4 + .16 * down)) ** 2 - down / 24) * (
+    waves = np.clip(.15 + .8 * dusk.noise(73, .9, sx=7.), 0, 2)
+    return .62 * waves * np.exp(-((dusk.x - x) / (7 + .2 * down)) ** 2 - down / 22) * (
         smoothstep(dusk.y, y - 2, y + 1))
