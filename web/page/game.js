@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+import createProgram from "./morvane.js";
+
+// Runs the game once, from the first frame to its end.
+//   compiled: the WebAssembly module
+//   data: a map from the names of the game's files to their bytes
+//   page: what the drivers in web/sdl call: now, sleep, open, present, nextEvent, openAudio,
+//         closeAudio
+// onStart gets the program. Resolves with the messages that the game has written and whether it
+// has failed.
+export function play({ compiled, data, page, onStart }) {
+  return new Promise((resolve, reject) => {
+    const messages = [];
+    createProgram({
+      page,
+      noInitialRun: true,
+      instantiateWasm(imports, receive) {
+        WebAssembly.instantiate(compiled, imports).then(receive, reject);
+        return {};
+      },
+      preRun: [(program) => {
+        program.FS.mkdir("/data");
+        for (const [name, bytes] of data) {
+          program.FS.createDataFile("/data", name, bytes, true, false, true);
+        }
+      }],
+      print: (text) => messages.push(text),
+      printErr: (text) => messages.push(text),
+      onExit: (status) => resolve({ messages, isFailure: status !== 0 }),
+      onAbort: (reason) => reject(new Error(String(reason))),
+    }).then((program) => {
+      onStart(program);
+      program.callMain([]);
+    }).catch(reject);
+  });
+}
