@@ -10,6 +10,7 @@
 #define _GNU_SOURCE
 #include <SDL.h>
 #include <dlfcn.h>
+#include <pthread.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -28,6 +29,7 @@ static Uint32 ticks;
 static SDL_Surface* display;
 static Uint32 displayHash;
 static SDL_AudioSpec audio;
+static pthread_t mainThread;
 
 static Uint32 hash(Uint32 h, Uint32 word) {
     return (h ^ word) * 16777619u;
@@ -36,6 +38,7 @@ static Uint32 hash(Uint32 h, Uint32 word) {
 __attribute__((constructor)) static void readEvents(void) {
     FILE* file = fopen(getenv("RECORD_EVENTS"), "r");
     Event e;
+    mainThread = pthread_self();
     while (file && eventCount < maxEvents &&
            fscanf(file, "%d %d %d %d", &e.frame, &e.kind, &e.a, &e.b) == 4) {
         events[eventCount++] = e;
@@ -111,6 +114,11 @@ static void endFrame(void) {
 }
 
 void SDL_Delay(Uint32 ms) {
+    if (!pthread_equal(pthread_self(), mainThread)) { /* SDL's own timer thread */
+        const struct timespec pause = {0, 50000000};
+        nanosleep(&pause, NULL);
+        return;
+    }
     while (ms-- > 0) {
         if (++ticks % frameTicks == 0) {
             endFrame();

@@ -13,6 +13,7 @@ import createProgram from "./morvane.js";
 export function play({ compiled, data, page, onStart }) {
   return new Promise((resolve, reject) => {
     const messages = [];
+    const end = (status) => resolve({ messages, isFailure: status !== 0 });
     createProgram({
       page,
       noInitialRun: true,
@@ -28,11 +29,16 @@ export function play({ compiled, data, page, onStart }) {
       }],
       print: (text) => messages.push(text),
       printErr: (text) => messages.push(text),
-      onExit: (status) => resolve({ messages, isFailure: status !== 0 }),
+      onExit: end,
       onAbort: (reason) => reject(new Error(String(reason))),
     }).then((program) => {
       onStart(program);
-      program.callMain([]);
+      program.callMain([]); // returns when the game sleeps for the first time
+      if (!program.Asyncify.currData) return; // it has not come so far
+      program.Asyncify.whenDone().then(end, (problem) => {
+        if (problem.name === "ExitStatus") end(problem.status);
+        else reject(problem);
+      });
     }).catch(reject);
   });
 }

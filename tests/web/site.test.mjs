@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Morvane makers
+// SPDX-License-Identifier: MIT
+
+// The files of the site: how large they are, that they name their licences and no machine.
+
+import assert from "node:assert/strict";
+import { readFileSync, readdirSync, statSync } from "node:fs";
+import { join } from "node:path";
+import { test } from "node:test";
+import { gzipSync } from "node:zlib";
+import * as support from "./support.mjs";
+
+const largestTransfer = 7e6;
+const compressible = /\.(html|js|css|wasm|svg|ttf|txt|webmanifest)$/;
+const version = readdirSync(support.site).find((name) => /^[0-9a-f]{12}$/.test(name));
+const files = readdirSync(support.site, { recursive: true })
+  .filter((name) => statSync(join(support.site, name)).isFile());
+const read = (name) => readFileSync(join(support.site, name));
+
+test("a first visit transfers at most 7 MB", () => {
+  const sizes = files.filter((name) => !/icon-(256|512)|licences/.test(name))
+    .map((name) => compressible.test(name) ? gzipSync(read(name), { level: 9 }).length :
+      read(name).length);
+  const sum = sizes.reduce((a, b) => a + b);
+  console.log(`transfer of a first visit: ${(sum / 1e6).toFixed(2)} MB`);
+  assert.ok(sum <= largestTransfer, String(sum));
+});
+
+test("the licences of all parts and the exact sources are named", () => {
+  const text = read(`${version}/licences.txt`).toString();
+  for (const words of ["GNU GENERAL PUBLIC LICENSE", "GNU LESSER GENERAL PUBLIC LICENSE",
+    "FreeType Project LICENSE", "SIL OPEN FONT LICENSE", "MIT License"]) {
+    assert.ok(text.toLowerCase().includes(words.toLowerCase()), words);
+  }
+  for (const line of readFileSync(join(support.project, "web/sources"), "utf8").split("\n")) {
+    if (line && !line.startsWith("#")) assert.ok(text.includes(line.split(" ")[2]), line);
+  }
+});
+
+test("no file tells where it was built", () => {
+  for (const name of files.filter((file) => /\.(wasm|js|html|css)$/.test(file))) {
+    assert.ok(!read(name).includes(support.project), name);
+  }
+});
+
+test("own code stays small, and every file of it, too", () => {
+  const folder = join(support.project, "web");
+  const own = readdirSync(folder, { recursive: true })
+    .filter((name) => statSync(join(folder, name)).isFile());
+  const isCode = (line) => !/^\s*($|\/\/|\/\*|\*|#(?!include|define|if|e))/.test(line);
+  let sum = 0;
+  for (const name of own.filter((file) => !/\.svg$|sources$/.test(file))) {
+    const lines = readFileSync(join(folder, name), "utf8").split("\n");
+    assert.ok(lines.length <= 300, name);
+    sum += lines.filter(isCode).length;
+  }
+  console.log(`own code of the browser edition: ${sum} lines without comments and blank lines`);
+});
