@@ -102,7 +102,8 @@ test("two players sail, turn and fire with six fingers on one tablet", async () 
   await tap(await middle("#canvas")); // skips the intro
   await wait(500);
   const box = await (await page.$("#canvas")).boundingBox();
-  const newGame = { x: Math.round(box.x + box.width / 2), y: Math.round(box.y + box.height * 0.507) };
+  const newGame = { x: Math.round(box.x + box.width / 2),
+    y: Math.round(box.y + box.height * 0.507) };
   for (let tries = 0; tries < 5; ++tries) {
     if (await page.evaluate(() => window.morvane.isBattle())) break;
     await tap(newGame);

@@ -97,7 +97,6 @@ async function start() {
   ashore(false);
   element("canvas").focus({ preventScroll: true });
   input.clear();
-  input.focus();
   try {
     const end = await ready.play({
       compiled: ready.compiled, data: ready.data, page,

@@ -6,7 +6,8 @@
 export async function keepOffline(onNewVersion) {
   if (!("serviceWorker" in navigator)) return;
   try {
-    const registration = await navigator.serviceWorker.register("sw.js", { updateViaCache: "none" });
+    const registration =
+      await navigator.serviceWorker.register("sw.js", { updateViaCache: "none" });
     const offer = () => {
       const { waiting } = registration;
       if (waiting && navigator.serviceWorker.controller) {
