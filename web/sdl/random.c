@@ -1,9 +1,10 @@
 /* SPDX-FileCopyrightText: 2026 The Morvane makers
    SPDX-License-Identifier: MIT */
 
-/* The GNU C library's rand and random, which share one state, so that a seed gives the same duel in the browser as on Linux: the
-   additive feedback generator x[i] = x[i-3] + x[i-31], whose first 31 words come from the
-   multiplicative generator 16807 * x mod (2^31 - 1), and whose first 310 results are dropped. */
+/* The GNU C library's rand and random, which share one state, so that a seed gives the same duel in
+   the browser as on Linux: the additive feedback generator x[i] = x[i-3] + x[i-31], whose first 31
+   words come from the multiplicative generator 16807 * x mod (2^31 - 1), and whose first 310
+   results are dropped. */
 #include <stdint.h>
 #include <stdlib.h>
 
