@@ -30,6 +30,7 @@ static SDL_Surface* display;
 static Uint32 displayHash;
 static SDL_AudioSpec audio;
 static pthread_t mainThread;
+static int pointerX, pointerY;
 
 static Uint32 hash(Uint32 h, Uint32 word) {
     return (h ^ word) * 16777619u;
@@ -150,6 +151,11 @@ int SDL_PollEvent(SDL_Event* out) {
             out->key.keysym.sym = (SDLKey)e->b;
             return 1;
         case motionEvent:
+            if (e->a == pointerX && e->b == pointerY) {
+                continue; /* SDL reports no motion to where the pointer is */
+            }
+            pointerX = e->a;
+            pointerY = e->b;
             out->type = SDL_MOUSEMOTION;
             out->motion.x = (Uint16)e->a;
             out->motion.y = (Uint16)e->b;
