@@ -15,7 +15,7 @@ import { playVirtually } from "./virtual.mjs";
 
 const game = process.env.MORVANE_GAME;
 const recorder = process.env.MORVANE_RECORDER;
-const isFirefox = process.env.MORVANE_BROWSER === "firefox";
+const { isFirefox } = support;
 const replays = join(support.project, "tests/replay/scripts");
 const ownScripts = join(support.project, "tests/web/scripts");
 const scratch = mkdtempSync(join(tmpdir(), "morvane-web-"));
@@ -25,7 +25,7 @@ const count = { frames: 0, chunks: 0, scripts: 0 };
 
 before(async () => {
   server = await support.serve();
-  browser = await (isFirefox ? support.launchFirefox() : support.launchChromium());
+  browser = await support.launchTested();
   page = await support.openPage(browser, server.address);
 });
 

@@ -8,13 +8,12 @@ import assert from "node:assert/strict";
 import { after, afterEach, before, beforeEach, test } from "node:test";
 import * as support from "./support.mjs";
 
-const { wait } = support;
-const isFirefox = process.env.MORVANE_BROWSER === "firefox";
+const { enter, wait } = support;
 let server, browser, page;
 
 before(async () => {
   server = await support.serve();
-  browser = await (isFirefox ? support.launchFirefox() : support.launchChromium());
+  browser = await support.launchTested();
 });
 after(async () => {
   await browser.close();
@@ -54,7 +53,7 @@ test("the game's keys neither scroll nor move the focus", async () => {
   await support.startBattle(page);
   await watchEvents();
   const keys = ["Tab", "Space", "ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Delete",
-    "Backspace", "Enter"];
+    "Backspace", enter];
   for (const key of keys) await page.keyboard.press(key, { delay: 30 });
   await wait(200);
   assert.deepEqual(await page.evaluate(() => [scrollX, scrollY, document.activeElement.id]),
@@ -81,7 +80,7 @@ test("six keys are held at once, and all are released with the focus", async () 
   await support.startGame(page);
   await support.startBattle(page);
   await watchEvents();
-  for (const key of ["a", "w", "Tab", "ArrowLeft", "ArrowUp", "Enter"]) {
+  for (const key of ["a", "w", "Tab", "ArrowLeft", "ArrowUp", enter]) {
     await page.keyboard.down(key);
   }
   await wait(200);

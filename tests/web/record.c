@@ -127,13 +127,13 @@ void SDL_Delay(Uint32 ms) {
     }
 }
 
-/* Events: as a driver would hand them over, so SDL knows which keys and buttons are down. */
+/* Events: as SDL passes them on from a driver. */
 
+/* SDL drops a key's event that does not change it; buttons' events always pass. */
 static int isRepeated(const Event* e) {
-    static unsigned char down[2][SDLK_LAST];
-    unsigned char* state = &down[e->kind == keyEvent][e->b];
-    const int repeated = *state == e->a;
-    *state = (unsigned char)e->a;
+    static unsigned char isDown[SDLK_LAST];
+    const int repeated = isDown[e->b] == e->a;
+    isDown[e->b] = (unsigned char)e->a;
     return repeated;
 }
 
@@ -161,9 +161,6 @@ int SDL_PollEvent(SDL_Event* out) {
             out->motion.y = (Uint16)e->b;
             return 1;
         case buttonEvent:
-            if (isRepeated(e)) {
-                continue;
-            }
             out->type = e->a ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
             out->button.button = (Uint8)e->b;
             return 1;

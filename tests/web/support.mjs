@@ -12,6 +12,9 @@ import { symbols } from "../../web/page/keys.js";
 export const project = new URL("../..", import.meta.url).pathname;
 export const site = join(project, "build/web/site");
 export const viewport = { width: 1280, height: 800 };
+export const isFirefox = process.env.MORVANE_BROWSER === "firefox";
+// In Firefox, Puppeteer's "Enter" is the one of the number pad, which the game does not take.
+export const enter = isFirefox ? "\uE006" : "Enter";
 
 export const wait = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
 
@@ -36,7 +39,11 @@ export function launchChromium(options = {}) {
   });
 }
 
-export function launchFirefox() {
+export function launchTested() {
+  return isFirefox ? launchFirefox() : launchChromium();
+}
+
+function launchFirefox() {
   return puppeteer.launch({
     browser: "firefox", executablePath: "/usr/bin/firefox-esr", headless: true,
     protocolTimeout: 600000,
@@ -83,7 +90,7 @@ export async function startBattle(page) {
   await page.keyboard.press("x");
   await wait(400);
   for (let tries = 0; tries < 100; ++tries) {
-    await page.keyboard.press("Enter", { delay: 60 });
+    await page.keyboard.press(enter, { delay: 60 });
     await wait(300);
     if (await page.evaluate(() => window.morvane.isBattle())) return;
   }

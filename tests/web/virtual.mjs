@@ -9,7 +9,7 @@
 async function playInPage(script) {
   const { page, screen, input } = window.morvane;
   const canvas = document.getElementById("canvas");
-  const frameTicks = 16, framesPerChunk = 12, framesPerTurn = 25, sound = 6;
+  const frameTicks = 16, framesPerChunk = 12, framesPerTurn = 25, buttonKind = 3, sound = 6;
   const lines = [];
   let ticks = 0, frame = 0, at = 0, display = 0, mix = null;
   const hash = (words, mask) => {
@@ -32,15 +32,17 @@ async function playInPage(script) {
     canvas.dispatchEvent(new KeyboardEvent(isDown ? "keydown" : "keyup",
       { key: name, code, bubbles: true, cancelable: true }));
   };
+  // A wheel turns by a press and its release at once; scripts also have one without the other.
   const sendButton = (isDown, number) => {
-    if (number > 3) {
-      if (isDown) {
-        canvas.dispatchEvent(new WheelEvent("wheel",
-          { deltaY: number === 4 ? -100 : 100, cancelable: true }));
-      }
-      return;
+    const [frame, kind, isNextDown, nextNumber] = script.events[at] || [];
+    if (number > 3 && isDown && frame === script.events[at - 1][0] && kind === buttonKind &&
+      !isNextDown && nextNumber === number) {
+      ++at;
+      canvas.dispatchEvent(new WheelEvent("wheel",
+        { deltaY: number === 4 ? -100 : 100, cancelable: true }));
+    } else {
+      input.button(number, isDown);
     }
-    input.button(number, isDown);
   };
   const sendMotion = (x, y) => {
     const box = canvas.getBoundingClientRect();
