@@ -3,11 +3,14 @@
 
 /* SDL's clock in the browser. The page owns the clock and stops it while the game is paused. */
 #include <emscripten.h>
+#include <stdlib.h>
 
 #include "SDL.h"
 #include "SDL_timer.h"
 #include "timer/SDL_systimer.h"
 #include "timer/SDL_timer_c.h"
+
+void librariesDelay(Uint32 ms);
 
 EM_JS(double, pageNow, (void), { return Module.page.now(); });
 EM_ASYNC_JS(void, pageSleep, (int ms), { await Module.page.sleep(ms); });
@@ -25,6 +28,13 @@ Uint32 SDL_GetTicks(void) {
 /* The whole program is suspended here, and the browser gets its turn. */
 void SDL_Delay(Uint32 ms) {
     pageSleep((int)ms);
+}
+
+/* What the libraries call instead: they wait only for threads and for music that fades, neither of
+   which there is, and web/link makes sure that only the main loop can be suspended. */
+void librariesDelay(Uint32 ms) {
+    (void)ms;
+    abort();
 }
 
 int SDL_SYS_TimerInit(void) {
