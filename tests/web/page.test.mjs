@@ -119,8 +119,10 @@ test("the stage keeps 4:3 and fits, and is sharp at whole multiples", async () =
   for (const [width, height] of [[1024, 600], [1280, 800], [1920, 1080], [3840, 2160],
     [800, 1280], [844, 390], [320, 568]]) {
     await page.setViewport({ width, height });
-    await wait(150);
-    const seen = await page.evaluate(() => {
+    await page.waitForFunction((w, h) => innerWidth === w && innerHeight === h, {}, width, height);
+    const seen = await page.evaluate(async () => {
+      const painted = () => new Promise((resolve) => requestAnimationFrame(resolve));
+      for (let i = 0; i < 3; ++i) await painted(); // the page has been laid out anew
       const box = document.getElementById("stage").getBoundingClientRect();
       const all = [...document.querySelectorAll("#stage, .crew, .pad, footer")]
         .map((part) => part.getBoundingClientRect()).filter((part) => part.width > 0);

@@ -53,7 +53,8 @@ function launchFirefox() {
 
 // A page on which the game is ready to be started. Problems of its scripts are kept.
 export async function openPage(browser, address, prepare = async () => {}) {
-  const page = await browser.newPage();
+  // Chromium may refuse a new page while another one is closing.
+  const page = await browser.newPage().catch(() => wait(500).then(() => browser.newPage()));
   await page.setViewport(viewport);
   page.problems = [];
   page.on("pageerror", (problem) => page.problems.push(String(problem)));
