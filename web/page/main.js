@@ -19,6 +19,7 @@ const megabytes = (bytes) => (bytes / 1e6).toFixed(1);
 let program = null; // the running game
 let ready = null; // what a game needs: { play, compiled, data }
 let pageIsLeaving = false;
+const posterPatience = 2000; // milliseconds
 
 const isPlaying = () => program !== null;
 const isBattle = () => isPlaying() && program._isBattle() !== 0;
@@ -48,8 +49,18 @@ loader.onProgress = (bytes, total) => {
   element("bytes").textContent = `${megabytes(bytes)} of ${megabytes(total)} MB`;
 };
 
+// On a slow line the files of the game would hold up the poster, so it comes first.
+async function showPoster() {
+  const wait = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
+  const poster = new Image();
+  poster.src = `${base}pozadie-lode3.webp`;
+  await Promise.race([poster.decode().catch(() => {}), wait(posterPatience)]);
+  await wait(0); // the browser paints
+}
+
 async function prepare() {
   checkBrowser();
+  await showPoster();
   const [loaded, game] = await Promise.all([loader.load(), import("./game.js")]);
   const compiled = await WebAssembly.compile(loaded.get("morvane.wasm"));
   const data = new Map(files.filter((file) => file.data)
