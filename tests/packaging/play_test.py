@@ -76,8 +76,11 @@ def has_sound():
 @contextlib.contextmanager
 def display_of(size):
     """A virtual display; its server chooses the number and says it once it is ready."""
-    with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24", "-nolisten",
-                           "tcp"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as server:
+    # Without -noreset the server would start again, and refuse clients meanwhile, when the first
+    # client has left.
+    with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24", "-noreset",
+                           "-nolisten", "tcp"], stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL) as server:
         try:
             yield f":{int(server.stdout.readline())}"
         finally:
