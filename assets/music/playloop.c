@@ -2,11 +2,14 @@
  * SPDX-License-Identifier: MIT
  *
  * Plays a piece as the game does, for a number of milliseconds.  With SDL_AUDIODRIVER=disk
- * the mix goes to the file named by SDL_DISKAUDIOFILE, where its seam can be measured. */
+ * the mix goes to the file named by SDL_DISKAUDIOFILE, where its seam can be measured.
+ * A third number halts the piece after so many milliseconds, and plays it again after a pause. */
 #include <SDL/SDL.h>
 #include <SDL/SDL_mixer.h>
 #include <stdio.h>
 #include <stdlib.h>
+
+enum { PAUSE = 30 };
 
 static int fail(const char *what)
 {
@@ -18,8 +21,8 @@ static int fail(const char *what)
 int main(int argc, char **argv)
 {
     Mix_Music *music;
-    if (argc != 3) {
-        fprintf(stderr, "usage: playloop FILE MILLISECONDS\n");
+    if (argc != 3 && argc != 4) {
+        fprintf(stderr, "usage: playloop FILE MILLISECONDS [HALT]\n");
         return 2;
     }
     if (SDL_Init(SDL_INIT_AUDIO) < 0)
@@ -29,6 +32,13 @@ int main(int argc, char **argv)
     music = Mix_LoadMUS(argv[1]);
     if (!music || Mix_PlayMusic(music, -1) < 0)
         return fail(argv[1]);
+    if (argc == 4) {
+        SDL_Delay((Uint32) atoi(argv[3]));
+        Mix_HaltMusic();
+        SDL_Delay(PAUSE);
+        if (Mix_PlayMusic(music, -1) < 0)
+            return fail(argv[1]);
+    }
     SDL_Delay((Uint32) atoi(argv[2]));
     Mix_HaltMusic();
     Mix_FreeMusic(music);

@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
 """Writes out figures and rolls over the chords of a score."""
+import random
 from dataclasses import dataclass, replace
 
 from . import figures
@@ -8,6 +9,8 @@ from .instruments import taiko_key
 from .score import PartNote
 
 ROLL_STROKE_SECONDS = 0.062
+WEAKER_HAND = -7.0      # velocity steps
+LATER_HAND, STRAY = .08, .07    # shares of a stroke
 LOOK_BACK = 8  # notes among which the one to prolong can be
 
 
@@ -70,10 +73,14 @@ def accompany(score, names, bars, patterns, manner):
 
 
 def roll(score, names, start, length, sign, manner):
-    """Lets parts repeat a sign as fast as sticks go, for a length in quavers."""
+    """Lets parts repeat a sign as fast as two uneven hands go, for a length in quavers."""
+    chance = random.Random(f'{score.name} {names} {start}')
     seconds = length * 60 / score.tempo_at(start) / score.pulse
     strokes = round(seconds / ROLL_STROKE_SECONDS)
     for index in range(strokes):
-        at = start + index * length / strokes
+        weaker = index % 2
+        stray = chance.gauss(0, STRAY) + LATER_HAND * weaker if index else 0
+        at = start + (index + stray) * length / strokes
+        push = WEAKER_HAND * weaker + chance.gauss(0, 3)
         for name in names:
-            _strike(score, score.parts[name], at, length / strokes, (sign, ''), 0.0, manner)
+            _strike(score, score.parts[name], at, length / strokes, (sign, ''), push, manner)

@@ -3,10 +3,13 @@
 """Reads a score as a teacher of harmony would: ranges, parallels, clashes."""
 from dataclasses import dataclass
 
+import numpy as np
+
 from .harmony import perfect_parallel
 from .notation import GRACE, NAMES
 
 DOUBLING = 0.8   # share of a line's pulses in unison or octaves that makes it a doubling
+REST = 1.01         # quavers of rest over which a line still leads
 LISTEN = GRACE + .01  # quavers after a pulse: past a grace note, inside a semiquaver
 
 
@@ -129,33 +132,91 @@ def counter_parallels(score):
                 yield from _against_tune(score, tune, other, first, last)
 
 
-def _strong(score):
-    halves = (0, score.quavers / 2) if score.quavers != 6 or score.pulse == 3 else (0,)
-    for bar in range(score.bars):
-        for half in halves:
-            yield bar * score.quavers + half
+def _moments(score, part):
+    """(start, latest end, {key: end}) of what a part plays without grace notes, in order."""
+    moments = {}
+    for note in part.notes:
+        if note.length > GRACE + .01:
+            moments.setdefault(note.start, {})[note.key] = note.end
+    return [(start, max(ends.values()), ends) for start, ends in sorted(moments.items())]
 
 
-def strangers(score):
-    """Notes foreign to the chord on strong beats."""
-    notes = pitched_notes(score)
-    for quaver in _strong(score):
-        chord, _ = score.setting_at(quaver)
-        known = set(chord.classes) | {chord.bass}
-        foreign = sorted({(NAMES[p % 12], name) for p, name in _sounding(notes, quaver)
-                          if p % 12 not in known})
-        if foreign:
-            yield Finding(quaver, f'{chord.symbol}: ' +
-                          ' '.join(f'{tone} ({name})' for tone, name in foreign))
+def _is_step(first, second):
+    return abs(first - second) in (1, 2)
+
+
+def is_prepared(before, start, key):
+    """True if a tone was there in the moment before, if there was one, or is come to by step."""
+    if before is None or before[1] < start - REST:
+        return False
+    return any(old == key or _is_step(old, key) for old in before[2])
+
+
+def is_resolved(score, after, quaver, note):
+    """True if a tone moves on by step, or the harmony moves and takes it in."""
+    start, end, key = note
+    if after and after[0] <= end + REST and any(_is_step(key, new) for new in after[2]):
+        return True
+    if after and [*after[2]] == [key]:     # struck again: an anticipation
+        return is_resolved(score, None, quaver, (after[0], after[1], key))
+    ends = np.arange(quaver + 1, end + 1.01)
+    return any(key % 12 in _tones(score, at) for at in ends if at < score.length)
+
+
+def _tones(score, quaver):
+    chord, _ = score.setting_at(quaver)
+    return {*chord.classes, chord.bass}
+
+
+def dissonances(score):
+    """(quaver, part name, key, prepared, resolved) of tones foreign to their chord on a pulse."""
+    for part in score.parts.values():
+        if not part.instrument.pitched:
+            continue
+        moments = _moments(score, part)
+        for index, (start, _, ends) in enumerate(moments):
+            before = moments[index - 1] if index else None
+            after = moments[index + 1] if index + 1 < len(moments) else None
+            first = int(np.ceil((start - LISTEN) / score.pulse))
+            for key, end in ends.items():
+                for pulse in range(first, int(np.ceil(end / score.pulse - .01))):
+                    at = pulse * score.pulse
+                    if key % 12 not in _tones(score, at):
+                        yield (at, part.name, key, start < at - LISTEN
+                               or is_prepared(before, start, key),
+                               is_resolved(score, after, at, (start, end, key)))
+
+
+def led_dissonances(score):
+    """Foreign tones on a pulse that are prepared and resolved, or leapt to and resolved."""
+    for quaver, name, key, prepared, resolved in dissonances(score):
+        if resolved:
+            yield Finding(quaver, f'{name} {NAMES[key % 12]} over '
+                          f'{score.setting_at(quaver)[0].symbol}, ' +
+                          ('prepared and resolved' if prepared else 'leapt to and resolved'))
+
+
+def stray_dissonances(score):
+    """Foreign tones on a pulse that do not move on by step into the harmony."""
+    for quaver, name, key, prepared, resolved in dissonances(score):
+        if not resolved:
+            yield Finding(quaver, f'{name} {NAMES[key % 12]} over '
+                          f'{score.setting_at(quaver)[0].symbol}, ' +
+                          ('prepared but ' if prepared else 'neither prepared nor ') +
+                          ('not resolved' if prepared else 'resolved'))
 
 
 def clashes(score):
-    """Semitones and minor ninths that sound together on a pulse."""
+    """Semitones and minor ninths on a pulse that neither a chord nor a led dissonance explains."""
     notes = pitched_notes(score)
+    led = {(quaver, name, key) for quaver, name, key, _, resolved in dissonances(score)
+           if resolved}
     for quaver in _pulses(score, 0, score.bars):
-        sounding = sorted(set(_sounding(notes, quaver)))
+        sounding, tones = sorted(set(_sounding(notes, quaver))), _tones(score, quaver)
         rub = sorted({f'{n1} {NAMES[p1 % 12]} / {n2} {NAMES[p2 % 12]}' for p1, n1 in sounding
-                      for p2, n2 in sounding if p2 - p1 in (1, 13)})
+                      for p2, n2 in sounding if p2 - p1 in (1, 13)
+                      and not {p1 % 12, p2 % 12} <= tones
+                      and not led & {(quaver, n1, p1), (quaver, n2, p2)}})
         if rub:
             yield Finding(quaver, ', '.join(rub))
 
@@ -163,5 +224,6 @@ def clashes(score):
 CHECKS = {'range': ranges, 'twice at once': struck_twice,
           'outer voices by pulse': outer_by_pulse, 'outer voices by note': outer_by_note,
           'tune and counter-melody': counter_parallels,
-          'accompaniment': inner_parallels, 'foreign on a strong beat': strangers,
-          'semitone on a pulse': clashes}
+          'accompaniment': inner_parallels, 'led dissonances': led_dissonances,
+          'stray dissonances': stray_dissonances, 'semitone on a pulse': clashes}
+FAULTS = tuple(title for title in CHECKS if title != 'led dissonances')

@@ -9,7 +9,9 @@ from .notation import ScoreError, pitch_class
 
 QUALITIES = {'': (0, 4, 7), 'm': (0, 3, 7), '7': (0, 4, 7, 10), 'm7': (0, 3, 7, 10),
              'maj7': (0, 4, 7, 11), 'dim': (0, 3, 6), 'sus': (0, 5, 7), '5': (0, 7),
-             '6': (0, 4, 7, 9), 'm6': (0, 3, 7, 9), 'add9': (0, 2, 4, 7), '7sus': (0, 5, 7, 10)}
+             '6': (0, 4, 7, 9), 'm6': (0, 3, 7, 9), 'add9': (0, 4, 7, 2), '7sus': (0, 5, 7, 10),
+             '9': (0, 4, 7, 10, 2), 'm9': (0, 3, 7, 10, 2), '7b9': (0, 4, 7, 10, 1),
+             'aug': (0, 4, 8), 'm7b5': (0, 3, 6, 10), 'dim7': (0, 3, 6, 9)}
 SYMBOL = re.compile(r'([A-G][#b]?)([a-z0-9]*)(?:/([A-G][#b]?))?')
 PARALLEL_COST = 16
 
@@ -54,7 +56,8 @@ def _voicings(chord, low, high):
     for voicing in combinations(tones, 3):
         a, b, c = voicing
         present = {p % 12 for p in voicing}
-        if (b - a <= 9 and c - b <= 9 and c - a >= 7 and third in present
+        if (1 < b - a <= 9 and 1 < c - b <= 9 and c - a >= 7
+                and {third, chord.classes[-1]} <= present
                 and len(present) == min(3, len(chord.classes))):
             yield voicing
 

@@ -2,10 +2,15 @@
 # SPDX-License-Identifier: MIT
 """The orchestra: presets of the soundfont, written ranges, and how each one speaks.
 
-`early` is in milliseconds: bowed samples take 25 to 55 ms to reach half of their level,
-so their notes start that much ahead of the beat and are heard on it.
+`early` is in milliseconds: the time that samples take to reach half of the highest level of their
+first quarter of a second (5 for a harp, 75 for violins, 165 for slow ones), so that much ahead of
+the beat their notes start, and are heard on it.  `vibrato` is in cents; `colour` in dB by which
+the treble of the loudest dynamics is over that of the middle, and of the softest under it.
 """
 from dataclasses import dataclass, field
+
+# General MIDI programs that are bowed or blown.
+SUSTAINING = (20, 21, 22, 23, 40, 41, 42, 43, 48, 49, *range(56, 80), 109, 110)
 
 # Key 48 of the taiko preset sounds at MIDI 34.18, and a key is half a semitone.
 TAIKO_KEY, TAIKO_PITCH, TAIKO_KEYS_PER_SEMITONE = 48, 34.18, 2
@@ -26,7 +31,14 @@ class Instrument:
     reverb: float = -9.0
     width: float = 1.0
     channel: int = 0
+    vibrato: float = 0.0
+    colour: float = 0.0
     strokes: dict = field(default_factory=dict)
+
+    @property
+    def sustains(self):
+        """True if a held note can swell: bowed and blown instruments."""
+        return self.pitched and self.program in SUSTAINING
 
     @property
     def pitched(self):
@@ -44,38 +56,39 @@ def taiko_key(pitch):
 
 
 ORCHESTRA = {
-    'piccolo': Instrument(0, 72, 74, 103, 12, 6, .9, 400, (), -8),
-    'whistle': Instrument(0, 78, 72, 100, 12, 6, .9, 400, (), -8),
-    'flute': Instrument(0, 73, 60, 96, 14, 7, .95, 240, (), -7),
-    'oboe': Instrument(0, 68, 58, 91, 12, 7, .96, 220, ((3000, 1.0),), -7),
-    'clarinet': Instrument(0, 71, 50, 89, 14, 7, .96, 140, (), -8),
-    'bassoon': Instrument(0, 70, 34, 72, 14, 6, .9, 70, (), -10),
-    'horns': Instrument(0, 60, 41, 77, 14, 8, .97, 90, ((1500, 1.0),), -6),
-    'trumpets': Instrument(0, 56, 55, 84, 4, 6, .9, 160, (), -8),
-    'trombones': Instrument(0, 57, 38, 72, 22, 7, .93, 70, (), -8),
-    'tuba': Instrument(0, 58, 26, 58, 20, 6, .88, 36, (), -10),
-    'harp': Instrument(0, 46, 24, 103, 2, 9, 1.6, 50, ((2500, 1.5),), -8),
-    'fiddle': Instrument(0, 110, 55, 98, 14, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9),
-    'violins': Instrument(20, 48, 55, 100, 25, 6, .92, 170),
-    'violins2': Instrument(25, 48, 55, 96, 40, 7, .92, 150),
-    'violas': Instrument(30, 48, 48, 84, 38, 7, .92, 120),
-    'celli': Instrument(40, 48, 36, 76, 34, 6, .92, 60, ((220, -1.5),), -10),
-    'basses': Instrument(50, 48, 28, 60, 55, 6, .88, 36, (), -13, .8),
-    'slow violins': Instrument(20, 49, 55, 98, 50, 8, .99, 170),
-    'slow violins2': Instrument(25, 49, 55, 96, 50, 8, .99, 150),
-    'slow violas': Instrument(30, 49, 48, 84, 50, 8, .99, 120),
-    'slow celli': Instrument(40, 49, 36, 76, 45, 8, .99, 60, ((220, -1.0),), -9),
-    'slow basses': Instrument(50, 49, 28, 60, 55, 8, .99, 36, (), -12, .8),
-    'pizzicato': Instrument(40, 45, 36, 76, 4, 4, .9, 60, (), -12),
-    'violin pizzicato': Instrument(20, 45, 55, 96, 4, 5, .9, 160, (), -10),
+    'piccolo': Instrument(0, 72, 74, 103, 38, 6, .9, 400, (), -8, vibrato=12, colour=3),
+    'recorder': Instrument(0, 74, 60, 98, 36, 6, .95, 300, (), -8, vibrato=10, colour=3),
+    'flute': Instrument(0, 73, 60, 96, 38, 7, .95, 240, (), -7, vibrato=16, colour=3),
+    'oboe': Instrument(0, 68, 58, 91, 18, 7, .96, 220, ((3000, 1.0),), -7, vibrato=14, colour=3),
+    'clarinet': Instrument(0, 71, 50, 89, 40, 7, .96, 140, (), -8, vibrato=5, colour=3),
+    'bassoon': Instrument(0, 70, 34, 72, 25, 6, .9, 70, (), -10, vibrato=10, colour=3),
+    'horns': Instrument(0, 60, 41, 77, 34, 8, .97, 90, ((1500, 1.0),), -6, vibrato=5, colour=5),
+    'trumpets': Instrument(0, 56, 55, 84, 15, 6, .9, 160, (), -8, vibrato=8, colour=5),
+    'trombones': Instrument(0, 57, 38, 72, 44, 7, .93, 70, (), -8, vibrato=6, colour=5),
+    'tuba': Instrument(0, 58, 26, 58, 52, 6, .88, 36, (), -10, colour=4),
+    'harp': Instrument(0, 46, 24, 103, 5, 9, 1.6, 50, ((2500, 1.5),), -8, colour=2),
+    'fiddle': Instrument(0, 110, 55, 98, 52, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9,
+                         vibrato=14, colour=3),
+    'violins': Instrument(20, 48, 55, 100, 75, 6, .92, 170, colour=3),
+    'violins2': Instrument(25, 48, 55, 96, 66, 7, .92, 150, colour=3),
+    'violas': Instrument(30, 48, 48, 84, 68, 7, .92, 120, colour=3),
+    'celli': Instrument(40, 48, 36, 76, 82, 6, .92, 60, ((220, -1.5),), -10, colour=3),
+    'basses': Instrument(50, 48, 28, 60, 100, 6, .88, 36, (), -13, .8, colour=3),
+    'slow violins': Instrument(20, 49, 55, 98, 113, 8, .99, 170, colour=3),
+    'slow violins2': Instrument(25, 49, 55, 96, 165, 8, .99, 150, colour=3),
+    'slow violas': Instrument(30, 49, 48, 84, 130, 8, .99, 120, colour=3),
+    'slow celli': Instrument(40, 49, 36, 76, 155, 8, .99, 60, ((220, -1.0),), -9, colour=3),
+    'slow basses': Instrument(50, 49, 28, 60, 150, 8, .99, 36, (), -12, .8, colour=3),
+    'pizzicato': Instrument(40, 45, 36, 76, 20, 4, .9, 60, (), -12, colour=2),
+    'violin pizzicato': Instrument(20, 45, 55, 96, 11, 5, .9, 160, (), -10, colour=2),
     'dulcimer': Instrument(0, 15, 55, 96, 2, 5, 1.2, 160, (), -10),
-    'glockenspiel': Instrument(0, 9, 72, 108, 2, 5, 2.0, 500, (), -8),
-    'timpani': Instrument(0, 47, 36, 55, 0, 3, 1.5, 40, (), -9),
+    'glockenspiel': Instrument(0, 9, 72, 108, 7, 5, 2.0, 500, (), -8),
+    'timpani': Instrument(0, 47, 36, 55, 5, 3, 1.5, 40, (), -9, colour=3),
     'taiko': Instrument(0, 116, reverb=-11, width=.8, highpass=38, bells=((90, 1.5),),
-                        strokes={'L': ('low', 26), 'X': ('high', 20), 'x': ('high', -6),
-                                 'o': ('high', -30)}, **_drum(channel=0)),
+                        strokes={'L': ('low', 14), 'X': ('high', 8), 'x': ('high', -14),
+                                 'o': ('high', -34)}, **_drum(channel=0)),
     'snare': Instrument(0, 56, reverb=-11, width=.9, highpass=150, bells=((220, -2.0),),
-                        strokes={'X': (50, 18), 'x': (50, -6), 'o': (50, -42), 'd': (48, -2),
+                        strokes={'X': (50, 10), 'x': (50, -6), 'o': (50, -42), 'd': (48, -2),
                                  'R': (52, 22)}, **_drum()),
     'cymbals': Instrument(0, 58, reverb=-9, highpass=300, gate=8.0,
                           strokes={'X': (72, 10), 'x': (72, -18)}, **_drum()),

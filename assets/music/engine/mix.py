@@ -6,9 +6,9 @@ from concurrent.futures import ThreadPoolExecutor
 import numpy as np
 from scipy.fft import irfft, rfft
 
-from . import signal
+from . import reading, signal
 from .loopmp3 import FRAME, RATE as GAME_RATE
-from .performance import Clock, write_midi
+from .performance import Clock, level_at, write_midi
 from .synthesis import RATE, circle, read, render
 
 REFERENCE = -22.0          # RMS in dB of a part at level 0 while it plays
@@ -17,6 +17,10 @@ CEILING = signal.gain(-2.8)  # leaves room for what encoding adds
 RIDE_FLOOR = -60.0           # dB below which the fader is not moved
 RIDE_SECONDS, RIDE_SMOOTH = 4.0, 2.0
 WORKERS = 2
+COLOUR_CORNER = 1400.0     # Hz from which a part is brighter the louder it plays
+DARKEST, BRIGHTEST = 50.0, 108.0
+COLOUR_SECONDS = .05
+TILT_CORNER, MIDDLE = 900.0, 700.0     # Hz
 
 
 def _transforms_fast(number):
@@ -69,10 +73,29 @@ def _steady_level(samples):
     return np.sqrt((peaks[peaks > peaks.max() * ACTIVE] ** 2).mean())
 
 
-def _treat(part, samples):
+def _brightness(part, clock, count):
+    """For every sample, from 0 to 1 with the part's dynamics."""
+    times = np.arange(0, clock.total, COLOUR_SECONDS)
+    levels = [level_at(part, float(np.interp(t, clock.times, clock.grid))) for t in times]
+    share = np.clip((np.array(levels) - DARKEST) / (BRIGHTEST - DARKEST), 0, 1)
+    return np.interp(np.arange(count) / RATE, times, share).astype(np.float32)[:, None]
+
+
+def colour(part, clock, samples, *responses):
+    """Equalises a part, and crossfades a dark and a bright copy by its dynamics."""
+    depth = part.instrument.colour
+    if not depth:
+        return signal.equalise(samples, *responses)
+    share = _brightness(part, clock, len(samples))
+    dark, bright = (signal.equalise(samples, signal.shelf(COLOUR_CORNER, db), *responses)
+                    for db in (-depth, depth))
+    return dark * (1 - share) + bright * share
+
+
+def _treat(part, clock, samples):
     instrument = part.instrument
-    samples = signal.equalise(samples, signal.highpass(instrument.highpass),
-                              *(signal.bell(*b) for b in instrument.bells))
+    samples = colour(part, clock, samples, signal.highpass(instrument.highpass),
+                     *(signal.bell(*b) for b in instrument.bells))
     wanted = signal.gain(REFERENCE + part.level) * 2
     return signal.place(samples, part.pan, instrument.width) * wanted / _steady_level(samples)
 
@@ -81,7 +104,7 @@ def _stems(score, clock, folder, parts):
     """(part, samples) as they go into the mix, before the hall."""
     length = round(clock.total * RATE)
     for part in parts:
-        yield part, _treat(part, circle(read(folder / f'{part.name}.wav'), length))
+        yield part, _treat(part, clock, circle(read(folder / f'{part.name}.wav'), length))
 
 
 def mix(score, clock, folder, parts):
@@ -97,14 +120,37 @@ def mix(score, clock, folder, parts):
     return dry + wet
 
 
-def balance(score, clock, folder):
+def bar_borders(score, clock):
+    """Samples at which the bars begin, and the end."""
+    return [round(clock(bar * score.quavers) * RATE) for bar in range(score.bars + 1)]
+
+
+def energies(score, clock, folder):
+    """{part: its energy in every bar, plain and A-weighted}, before the hall."""
+    borders, result = bar_borders(score, clock), {}
+    for part, samples in _stems(score, clock, folder, sounding_parts(score)):
+        heard = signal.equalise(samples, signal.a_weight)
+        result[part.name] = tuple(np.array([(sound[a:b] ** 2).sum()
+                                            for a, b in zip(borders, borders[1:])])
+                                  for sound in (samples, heard))
+    return result
+
+
+def balance(score, energy):
     """{part: dB of the stems' energy in every section, and in the whole piece}."""
-    borders = [round(at * RATE) for at in section_borders(score, clock)]
-    spans = [*zip(borders, borders[1:]), (0, borders[-1])]
-    energy = {part.name: np.array([(samples[a:b] ** 2).sum() for a, b in spans])
-              for part, samples in _stems(score, clock, folder, sounding_parts(score))}
-    total = sum(energy.values())
-    return {name: 10 * np.log10(e / total + 1e-9) for name, e in energy.items()}
+    spans = [(s.start, s.start + s.bars) for s in score.sections] + [(0, score.bars)]
+    parts = {name: np.array([plain[a:b].sum() for a, b in spans])
+             for name, (plain, _) in energy.items()}
+    total = sum(parts.values())
+    return {name: 10 * np.log10(part / total + 1e-9) for name, part in parts.items()}
+
+
+def tune_against_rest(score, energy, section):
+    """dB by which the parts with the tune outweigh all others while it sounds, A-weighted."""
+    bars, carriers = reading.tune_bars(score, section), reading.carriers(score, section)
+    front = sum(heard[bars].sum() for name, (_, heard) in energy.items() if name in carriers)
+    whole = sum(heard[bars].sum() for _, heard in energy.values())
+    return 10 * np.log10(front / (whole - front + 1e-9))
 
 
 def _ride(samples, ratio):
@@ -118,6 +164,8 @@ def _ride(samples, ratio):
 def tone(score, samples):
     """Equalises and levels the whole; -16 dB RMS comes out."""
     samples = signal.equalise(samples, signal.highpass(36), signal.bell(300, -1.2),
+                              signal.shelf(TILT_CORNER, score.mixing.get('tilt', 0.0)),
+                              signal.bell(MIDDLE, score.mixing.get('middle', 0.0)),
                               signal.shelf(4500, score.mixing.get('treble', 4.0)),
                               signal.band_limit(10650))
     samples = _ride(samples, score.mixing.get('ride', 1.0))

@@ -4,7 +4,7 @@
 
 C is middle C (MIDI 60), c the octave above, C, the octave below.  ^ _ = are sharp, flat
 and natural and hold to the end of the bar.  A trailing - ties, . shortens, > accents; {d}c is
-a c with a grace note before it.
+a c with a grace note before it; (abc) is a slur.
 """
 import re
 from dataclasses import dataclass
@@ -12,7 +12,8 @@ from dataclasses import dataclass
 STEPS = {'C': 0, 'D': 2, 'E': 4, 'F': 5, 'G': 7, 'A': 9, 'B': 11}
 NAMES = 'C C# D Eb E F F# G Ab A Bb B'.split()
 PITCH = r"[\^_=]?[A-Ga-g][,']*"
-TOKEN = re.compile(rf"(?:\{{({PITCH})\}})?(\[(?:{PITCH})+\]|{PITCH}|z)(\d*)(/?\d*)([-.>]*)")
+TOKEN = re.compile(rf"(\(?)(?:\{{({PITCH})\}})?(\[(?:{PITCH})+\]|{PITCH}|z)"
+                   r"(\d*)(/?\d*)([-.>]*)(\)?)")
 GRACE = 0.3  # quavers that a grace note takes from the note it belongs to
 ACCIDENTALS = {'^': 1, '_': -1, '=': 0}
 
@@ -23,12 +24,17 @@ class ScoreError(ValueError):
 
 @dataclass
 class Note:
-    """Start and length in quavers, MIDI pitch, loudness offset in velocity steps."""
+    """Start and length in quavers, MIDI pitch, loudness offset in velocity steps.
+
+    joins: the next note is slurred to it; joined: it is slurred to the one before.
+    """
     start: float
     length: float
     pitch: int
     push: float = 0.0
     gate: float = 0.0
+    joins: bool = False
+    joined: bool = False
 
 
 def pitch_class(name):
@@ -63,13 +69,13 @@ def split_bars(text):
 
 def parse_notes(text, sharps, quavers):
     """Notes of a string and the number of its bars; every bar must be full."""
-    key, notes, tied = signature(sharps), [], []
+    key, notes, tied, slurred = signature(sharps), [], [], False
     bars = split_bars(text)
     for index, bar in enumerate(bars):
         altered, at = {}, 0.0
         if TOKEN.sub('', bar).strip():
             raise ScoreError(f'cannot read {TOKEN.sub("", bar).strip()!r} in bar {bar!r}')
-        for grace, head, number, fraction, marks in TOKEN.findall(bar):
+        for begin, grace, head, number, fraction, marks, end in TOKEN.findall(bar):
             length = _length(number, fraction)
             if grace:
                 notes.append(Note(index * quavers + at, GRACE, _pitch(grace, key, altered), -4.0))
@@ -79,8 +85,11 @@ def parse_notes(text, sharps, quavers):
                 note.length += length
             late = GRACE if grace else 0.0
             fresh = [Note(index * quavers + at + late, length - late, p, 12.0 * ('>' in marks),
-                          0.5 if '.' in marks else 0.0)
+                          0.5 if '.' in marks else 0.0, joined=slurred)
                      for p in pitches if p not in [n.pitch for n in held]]
+            slurred = (slurred or bool(begin)) and not end
+            for note in held + fresh:
+                note.joins = slurred
             notes += fresh
             tied = held + fresh if '-' in marks else []
             at += length

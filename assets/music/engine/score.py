@@ -16,7 +16,8 @@ class PartNote:
     """Start and length in quavers, MIDI key, loudness offset in velocity steps.
 
     gate is the share of its length that it is held, 0 for the instrument's own; written is
-    true for a line of the score, false for accompaniment made from a figure.
+    true for a line of the score, false for accompaniment made from a figure; joins and joined
+    tell of slurs to the next note and from the one before.
     """
     start: float
     length: float
@@ -24,6 +25,8 @@ class PartNote:
     push: float
     gate: float
     written: bool
+    joins: bool = False
+    joined: bool = False
 
     @property
     def end(self):
@@ -65,7 +68,8 @@ class Score:
 
     quavers are those in a bar, pulse those in a pulse; tempi are (quaver, pulses a minute);
     chords are (quaver, chord), settings their four pitches each; tunes are (part, first bar,
-    bar after the last).
+    bar after the last); lilt says for every quaver of a pulse how much later than on paper it
+    comes, in shares of the pulse.
     """
     name: str
     title: str = ''
@@ -80,6 +84,7 @@ class Score:
     settings: list = field(default_factory=list)
     tunes: list = field(default_factory=list)
     mixing: dict = field(default_factory=dict)
+    lilt: tuple = ()
 
     @property
     def bars(self):

@@ -54,6 +54,11 @@ class ScoreFile:
     def _mixing(self, words, _):
         self.score.mixing = {k: float(v) for k, v in (w.split('=') for w in words)}
 
+    def _lilt(self, words, _):
+        if len(words) != self.score.pulse:
+            raise ScoreError(f'{len(words)} shares for {self.score.pulse} quavers')
+        self.score.lilt = tuple(float(word) for word in words)
+
     def _part(self, words, _):
         name, level, pan = words
         if name.replace('_', ' ') not in ORCHESTRA:
@@ -120,7 +125,8 @@ class ScoreFile:
             self.score.parts[name].notes += [
                 PartNote(bar * self.score.quavers + n.start, n.length,
                          n.pitch + int(options.get('up', 0)), n.push + options.get('push', 0.0),
-                         n.gate or options.get('gate', 0.0), True) for n in notes]
+                         n.gate or options.get('gate', 0.0), True, n.joins, n.joined)
+                for n in notes]
         return names[0], int(bar), int(bar) + bars
 
     def _tune(self, words, tail):

@@ -36,6 +36,13 @@ def shelf(corner, decibels):
     return lambda f: 10 ** (decibels / 20 / (1 + (corner / np.maximum(f, 1e-3)) ** 2))
 
 
+def a_weight(frequency):
+    """A weighting."""
+    f = np.maximum(frequency, 1.0) ** 2
+    return 1.2589 * 12194 ** 2 * f * f / (
+        (f + 20.6 ** 2) * np.sqrt((f + 107.7 ** 2) * (f + 737.9 ** 2)) * (f + 12194 ** 2))
+
+
 def band_limit(edge, slope=60.0):
     """Steep, for the way down to half the rate."""
     return lambda f: 1 / (1 + np.exp(np.clip((f - edge) / slope, -60, 60)))
