@@ -8,7 +8,7 @@ import mido
 import numpy as np
 import pytest
 
-from engine import aims, counterpoint, mix, performance, reading, scorefile
+from engine import aims, counterpoint, loopmp3, mix, performance, reading, scorefile
 from engine.notation import ScoreError, parse_notes
 
 MUSIC = Path(__file__).resolve().parents[2] / 'assets' / 'music'
@@ -115,6 +115,19 @@ def test_no_stroke_is_as_hard_as_midi_allows(tmp_path):
     performance.write_midi(score, part, clock, tmp_path / 'part.mid')
     hits = [m.velocity for m in mido.MidiFile(tmp_path / 'part.mid') if m.type == 'note_on']
     assert 100 < max(hits) <= performance.HARDEST < 127
+
+
+def test_beginning_of_the_file_cuts_off_no_early_note(tmp_path):
+    score = small_score(tmp_path, 'c6 | d6')
+    clock, file = performance.Clock(score), tmp_path / 'part.mid'
+    performance.write_midi(score, score.parts['basses'], clock, file)
+    now, begins = -performance.LEAD_SECONDS, []
+    for message in mido.MidiFile(file):
+        now += message.time
+        if message.type == 'note_on':
+            begins.append(now)
+    first, second = begins
+    assert -first < min(loopmp3.EARLY) * loopmp3.FRAME / loopmp3.RATE < clock(6) - second
 
 
 def test_only_long_notes_of_single_lines_tremble(tmp_path):

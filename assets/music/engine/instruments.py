@@ -3,9 +3,9 @@
 """The orchestra: presets of the soundfont, written ranges, and how each one speaks.
 
 `early` is in milliseconds: the time that samples take to reach half of the highest level of their
-first quarter of a second (5 for a harp, 75 for violins, 165 for slow ones), so that much ahead of
-the beat their notes start, and are heard on it.  `vibrato` is in cents; `colour` in dB by which
-the treble of the loudest dynamics is over that of the middle, and of the softest under it.
+first quarter of a second (5 for a harp, 100 for violins, 225 for slow ones), so that much ahead of
+the beat their notes start, and are heard on it.  `vibrato` is in cents; `colour` is half of the
+dB by which the treble of the loudest dynamics is over that of the softest.
 """
 from dataclasses import dataclass, field
 
@@ -56,29 +56,29 @@ def taiko_key(pitch):
 
 
 ORCHESTRA = {
-    'piccolo': Instrument(0, 72, 74, 103, 38, 6, .9, 400, (), -8, vibrato=12, colour=3),
-    'recorder': Instrument(0, 74, 60, 98, 36, 6, .95, 300, (), -8, vibrato=10, colour=3),
-    'flute': Instrument(0, 73, 60, 96, 38, 7, .95, 240, (), -7, vibrato=16, colour=3),
-    'oboe': Instrument(0, 68, 58, 91, 18, 7, .96, 220, ((3000, 1.0),), -7, vibrato=14, colour=3),
-    'clarinet': Instrument(0, 71, 50, 89, 40, 7, .96, 140, (), -8, vibrato=5, colour=3),
-    'bassoon': Instrument(0, 70, 34, 72, 25, 6, .9, 70, (), -10, vibrato=10, colour=3),
-    'horns': Instrument(0, 60, 41, 77, 34, 8, .97, 90, ((1500, 1.0),), -6, vibrato=5, colour=5),
-    'trumpets': Instrument(0, 56, 55, 84, 15, 6, .9, 160, (), -8, vibrato=8, colour=5),
-    'trombones': Instrument(0, 57, 38, 72, 44, 7, .93, 70, (), -8, vibrato=6, colour=5),
-    'tuba': Instrument(0, 58, 26, 58, 52, 6, .88, 36, (), -10, colour=4),
+    'piccolo': Instrument(0, 72, 74, 103, 38, 6, .9, 400, (), -8, vibrato=12, colour=4),
+    'recorder': Instrument(0, 74, 60, 98, 36, 6, .95, 300, (), -8, vibrato=10, colour=6),
+    'flute': Instrument(0, 73, 60, 96, 38, 7, .95, 240, (), -7, vibrato=16, colour=8),
+    'oboe': Instrument(0, 68, 58, 91, 18, 7, .96, 220, ((3000, 1.0),), -7, vibrato=14, colour=16),
+    'clarinet': Instrument(0, 71, 50, 89, 40, 7, .96, 140, (), -8, vibrato=5, colour=8),
+    'bassoon': Instrument(0, 70, 34, 72, 25, 6, .9, 70, (), -10, vibrato=10, colour=8),
+    'horns': Instrument(0, 60, 41, 77, 34, 8, .97, 90, ((1500, 1.0),), -6, vibrato=5, colour=7),
+    'trumpets': Instrument(0, 56, 55, 84, 15, 6, .9, 160, (), -8, vibrato=8, colour=6),
+    'trombones': Instrument(0, 57, 38, 72, 44, 7, .93, 70, (), -8, vibrato=6, colour=6),
+    'tuba': Instrument(0, 58, 26, 58, 52, 6, .88, 36, (), -10, colour=6),
     'harp': Instrument(0, 46, 24, 103, 5, 9, 1.6, 50, ((2500, 1.5),), -8, colour=2),
-    'fiddle': Instrument(0, 110, 55, 98, 52, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9,
-                         vibrato=14, colour=3),
-    'violins': Instrument(20, 48, 55, 100, 75, 6, .92, 170, colour=3),
-    'violins2': Instrument(25, 48, 55, 96, 66, 7, .92, 150, colour=3),
-    'violas': Instrument(30, 48, 48, 84, 68, 7, .92, 120, colour=3),
-    'celli': Instrument(40, 48, 36, 76, 82, 6, .92, 60, ((220, -1.5),), -10, colour=3),
-    'basses': Instrument(50, 48, 28, 60, 100, 6, .88, 36, (), -13, .8, colour=3),
-    'slow violins': Instrument(20, 49, 55, 98, 113, 8, .99, 170, colour=3),
-    'slow violins2': Instrument(25, 49, 55, 96, 165, 8, .99, 150, colour=3),
-    'slow violas': Instrument(30, 49, 48, 84, 130, 8, .99, 120, colour=3),
-    'slow celli': Instrument(40, 49, 36, 76, 155, 8, .99, 60, ((220, -1.0),), -9, colour=3),
-    'slow basses': Instrument(50, 49, 28, 60, 150, 8, .99, 36, (), -12, .8, colour=3),
+    'fiddle': Instrument(0, 110, 55, 98, 90, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9,
+                         vibrato=14, colour=9),
+    'violins': Instrument(20, 48, 55, 100, 100, 6, .92, 170, colour=12),
+    'violins2': Instrument(25, 48, 55, 96, 66, 7, .92, 150, colour=9),
+    'violas': Instrument(30, 48, 48, 84, 68, 7, .92, 120, colour=8),
+    'celli': Instrument(40, 48, 36, 76, 82, 6, .92, 60, ((220, -1.5),), -10, colour=7),
+    'basses': Instrument(50, 48, 28, 60, 100, 6, .88, 36, (), -13, .8, colour=6),
+    'slow violins': Instrument(20, 49, 55, 98, 135, 8, .99, 170, colour=8),
+    'slow violins2': Instrument(25, 49, 55, 96, 225, 8, .99, 150, colour=8),
+    'slow violas': Instrument(30, 49, 48, 84, 130, 8, .99, 120, colour=8),
+    'slow celli': Instrument(40, 49, 36, 76, 130, 8, .99, 60, ((220, -1.0),), -9, colour=7),
+    'slow basses': Instrument(50, 49, 28, 60, 180, 8, .99, 36, (), -12, .8, colour=6),
     'pizzicato': Instrument(40, 45, 36, 76, 20, 4, .9, 60, (), -12, colour=2),
     'violin pizzicato': Instrument(20, 45, 55, 96, 11, 5, .9, 160, (), -10, colour=2),
     'dulcimer': Instrument(0, 15, 55, 96, 2, 5, 1.2, 160, (), -10),

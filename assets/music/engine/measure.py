@@ -18,24 +18,27 @@ def decode(path):
     return np.frombuffer(raw, '<f4').reshape(-1, 2).astype(np.float64)
 
 
-def _ebur128(source, data=None):
+def _summary(source, options='', data=None):
     text = subprocess.run(['ffmpeg', '-hide_banner', '-nostats', *source, '-af',
-                           'ebur128=peak=true', '-f', 'null', '-'], check=True, input=data,
+                           'ebur128' + options, '-f', 'null', '-'], check=True, input=data,
                           stderr=subprocess.PIPE).stderr.decode()
-    summary = text[text.rindex('Summary:'):]
-    return tuple(float(re.search(rf'{name}:\s+(-?[\d.]+|-inf)', summary).group(1))
-                 for name in ('I', 'LRA', 'Peak'))
+    return text[text.rindex('Summary:'):]
+
+
+def _figure(summary, name):
+    return float(re.search(rf'{name}:\s+(-?[\d.]+|-inf)', summary).group(1))
 
 
 def loudness(path):
     """Integrated loudness (LUFS), loudness range (LU) and true peak (dB) of a file."""
-    return _ebur128(['-i', path])
+    summary = _summary(['-i', path], '=peak=true')
+    return tuple(_figure(summary, name) for name in ('I', 'LRA', 'Peak'))
 
 
 def loudness_of(samples):
     """Integrated loudness (LUFS) of samples at the game's rate."""
     source = ['-f', 'f32le', '-ar', str(RATE), '-ac', '2', '-i', 'pipe:0']
-    return _ebur128(source, samples.astype('<f4').tobytes())[0]
+    return _figure(_summary(source, data=samples.astype('<f4').tobytes()), 'I')
 
 
 def bands(samples):

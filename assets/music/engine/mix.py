@@ -18,6 +18,7 @@ RIDE_FLOOR = -60.0           # dB below which the fader is not moved
 RIDE_SECONDS, RIDE_SMOOTH = 4.0, 2.0
 WORKERS = 2
 COLOUR_CORNER = 1400.0     # Hz from which a part is brighter the louder it plays
+SOFT_DARKER, LOUD_BRIGHTER = 1.4, .6    # shares of the part's colour
 DARKEST, BRIGHTEST = 50.0, 108.0
 COLOUR_SECONDS = .05
 TILT_CORNER, MIDDLE = 900.0, 700.0     # Hz
@@ -86,9 +87,10 @@ def colour(part, clock, samples, *responses):
     depth = part.instrument.colour
     if not depth:
         return signal.equalise(samples, *responses)
+    shelves = (signal.shelf(COLOUR_CORNER, part_of * depth)
+               for part_of in (-SOFT_DARKER, LOUD_BRIGHTER))
+    dark, bright = signal.equalised(samples, *((shelf, *responses) for shelf in shelves))
     share = _brightness(part, clock, len(samples))
-    dark, bright = (signal.equalise(samples, signal.shelf(COLOUR_CORNER, db), *responses)
-                    for db in (-depth, depth))
     return dark * (1 - share) + bright * share
 
 

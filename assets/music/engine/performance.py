@@ -8,6 +8,7 @@ import mido
 import numpy as np
 
 LEAD_SECONDS = 0.4       # room before the first beat for notes played early
+FIRST_EARLY = .045       # the file begins little before the first beat: its notes wait until then
 TAIL_SECONDS = 5.0
 TICKS_PER_SECOND = 1920
 TICKS_PER_BEAT, BEAT_US = 960, 500000
@@ -15,7 +16,7 @@ SOFTEST, LOUDEST = 34.0, 118.0
 EXPRESSION = (60, 127)   # controller 11 follows the dynamics, so that held notes swell
 EXPRESSION_SECONDS = .04
 SWELL, SWELL_FROM, SWELL_FULL = 16.0, .5, 1.6   # velocity steps; seconds a note must last
-HARDEST, KNEE = 122, 100 # velocities: above the knee, half as steep
+HARDEST, KNEE = 122, 100  # velocities: above the knee, half as steep
 
 SLUR_SECONDS, SLUR_SOFTER = .055, 8.0
 VIBRATO_HERTZ, VIBRATO_STRAY = 5.4, .25
@@ -201,7 +202,7 @@ def _played_notes(score, part, clock):
         lean = LEANING * lean + (1 - LEANING ** 2) ** .5 * chance.gauss(0, instrument.jitter)
         for note in notes:
             late = (lean + chance.gauss(-instrument.early, instrument.jitter / 4)) / 1000
-            on = _tick(clock(start) + late)
+            on = _tick(max(clock(start) + late, -FIRST_EARLY))
             held = note.length * (1 if note.joins else note.gate or instrument.gate)
             end = clock(min(score.length, start + held)) + late
             off = max(_tick(end + SLUR_SECONDS * note.joins), on + 60)

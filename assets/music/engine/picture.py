@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 """One picture of a piece: piano roll with its form, spectrogram, loudness."""
 import matplotlib
-import numpy as np
 from PIL import Image
 
 from .loopmp3 import RATE
@@ -95,7 +94,7 @@ def _save(figure, path):
     figure.savefig(path, dpi=85)
     with Image.open(path) as picture:
         small = picture.convert('RGB').quantize(COLOURS, Image.Quantize.MAXCOVERAGE,
-                                                 dither=Image.Dither.NONE)
+                                                dither=Image.Dither.NONE)
     small.save(path, optimize=True)
 
 

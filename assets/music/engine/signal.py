@@ -50,11 +50,18 @@ def band_limit(edge, slope=60.0):
 
 def equalise(samples, *responses):
     """Zero-phase filter given by magnitude responses."""
+    return next(equalised(samples, responses))
+
+
+def equalised(samples, *sets):
+    """The same samples by several sets of responses."""
     # A few thousand points are plenty for curves this smooth.
     points = np.linspace(0, RATE / 2, CURVE_POINTS)
-    curve = np.prod([response(points) for response in responses], axis=0)
-    curve = np.interp(rfftfreq(len(samples), 1 / RATE), points, curve).astype(samples.dtype)
-    return irfft(rfft(samples, axis=0) * curve[:, None], len(samples), axis=0)
+    spectrum, frequency = rfft(samples, axis=0), rfftfreq(len(samples), 1 / RATE)
+    for responses in sets:
+        curve = np.prod([response(points) for response in responses], axis=0)
+        curve = np.interp(frequency, points, curve).astype(samples.dtype)
+        yield irfft(spectrum * curve[:, None], len(samples), axis=0)
 
 
 def place(samples, pan, width):
