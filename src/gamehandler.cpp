@@ -23,8 +23,9 @@ const Uint16 viewportWidth = 390;
 const Uint16 viewportHeight = 490;
 const Uint8 firstCompatPatch = 50; // sdl12-compat counts its versions from 1.2.50
 
-// Lays the water tile over the sea, column by column. The number of rows comes from the tile's
-// width, like that of the columns; that is meant: a tile flatter than wide leaves plain blue below.
+// Lays the water tile over the sea, column by column. Deliberate: the number of rows comes from the
+// tile's width, like that of the columns. A tile wider than it is tall leaves the bottom of the sea
+// plain blue.
 void layWater(SDL_Surface* sea) {
     SDL_Surface* tile = imagePool["voda.png"];
     const int n = sea->w / tile->w + 1;

@@ -5,7 +5,7 @@
 
 #include <SDL.h>
 
-// The linker leads the game's drawing calls through here. They can be recorded and made again
+// The linker redirects the game's drawing calls to this file. They can be recorded and made again
 // without the game, which is the least that a frame with this picture can cost.
 
 void recordCalls(bool on);
