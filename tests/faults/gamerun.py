@@ -14,7 +14,8 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-PATIENCE = 60  # seconds
+# Seconds. Only a game that hangs needs them; a busy machine must not look like one.
+PATIENCE = 300
 # A quick run waits most of its time for the sound device to close, so two cores carry this many.
 AT_ONCE = 6
 
