@@ -29,6 +29,7 @@ FREEING = 0.8
 BOXED_IN_AFTER = 3.0
 UNDER_FIRE = 1.0
 SHOT_VALUE = 2.0
+IMPATIENT_AFTER = 5.0  # seconds with a loaded cannon
 # The worth of a place astern. Only the faster ship can keep one; it has the slower cannonball.
 STERN = (1.6, 0.5)
 SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
@@ -38,8 +39,8 @@ SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 # to fight at.
 Style = namedtuple("Style", "ready spread patience distance")
 BRISK = Style(ready=45, spread=0.06, patience=55, distance=210)
-# The slower ship of player 2 turns in less room and has the faster ball: it begins to aim later.
-EVEN = (BRISK, BRISK._replace(ready=20))
+# The slower ship of player 2 turns in less room and has the faster ball: it aims later and longer.
+EVEN = (BRISK, BRISK._replace(ready=0, spread=0.15))
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
 Wish = namedtuple("Wish", "keys turn")
@@ -126,6 +127,7 @@ class Pilot:
         self.time = None
         self.moved = self.left = None  # (time, place): when the ship was last seen to get on
         self.free_until = -math.inf
+        self.loaded = None  # when the cannon was
 
     def decide(self, chart, lag=0.04):
         """The wish that follows from the newest picture; keys take effect lag seconds after it."""
@@ -136,8 +138,11 @@ class Pilot:
         self._estimate_heading(chart.time, me, lag)
         self._notice_standstill(chart.time, me)
         is_freeing = chart.time < self.free_until
+        is_impatient = self._is_impatient(chart.time, me)
         aims = self.heading + numpy.arange(HEADINGS) * math.tau / HEADINGS
         shot = self._find_shot(me, enemy)
+        if is_impatient and shot is None:
+            shot = self._bearing(me, enemy)
         if shot is not None and not is_freeing:
             aims = numpy.append(aims, shot)
         course = sail(extrapolate(me, self.lag), aims if is_freeing else self.heading, me.speed,
@@ -147,10 +152,11 @@ class Pilot:
         if is_freeing:
             values = way - 0.1 * numpy.abs(aims_turn(self.heading, aims))
         elif shot is not None:
-            values[-1] += SHOT_VALUE
+            values[-1] += SHOT_VALUE * (3 if is_impatient else 1)
         best = int(values.argmax())
         self.aim, self.time = aims[best], chart.time
-        self.wish = self._choose_keys(chart, me, enemy, way[best])
+        waits = is_impatient and chart.distance < 2 * self.style.distance
+        self.wish = self._choose_keys(chart, me, enemy, 0 if waits else way[best])
         return self.wish
 
     def _estimate_heading(self, time, me, lag):
@@ -180,6 +186,16 @@ class Pilot:
             self.moved = time, me.place
             self.free_until = time + FREEING * self.frame / FRAME
 
+    def _is_impatient(self, time, me):
+        """True when two ships that keep astern of each other could circle for ever."""
+        if self.loaded is None or me.dial < FULL_DIAL:
+            self.loaded = time
+        return time - self.loaded > IMPATIENT_AFTER * self.frame / FRAME
+
+    @staticmethod
+    def _bearing(me, enemy):
+        return math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
+
     @staticmethod
     def _way(course, me):
         """How far the ship gets on each course, 1 for all the way at full speed."""
@@ -195,7 +211,7 @@ class Pilot:
             there = extrapolate(enemy, STRIDE * (step + 1))
             apart = numpy.hypot(*(course[step] - there).T)
             values -= numpy.abs(apart - self.style.distance) / 200
-        bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
+        bearing = self._bearing(me, enemy)
         values += 0.3 * numpy.abs(numpy.sin(aims - bearing))
         # Astern of the enemy is the place to be: its guns fire ahead.
         there = extrapolate(enemy, STRIDE * STEPS) - course[-1]
@@ -210,7 +226,7 @@ class Pilot:
         """The heading on which a shot will hit, the one that is turned to soonest, or None."""
         if me.loaded_in > self.style.ready:
             return None
-        bearing = math.atan2(enemy.place[0] - me.place[0], enemy.place[1] - me.place[1])
+        bearing = self._bearing(me, enemy)
         headings = bearing + numpy.linspace(-1, 1, 41)
         delay = me.loaded_in + numpy.abs(aims_turn(self.heading, bearing)) / TURN
         place = extrapolate(me, delay)
