@@ -31,6 +31,7 @@ RECENT = 0.12  # seconds, at least, over which speeds are measured
 UNDER_WAY = 1.0  # pixels per frame
 GRAIN = 4  # pixels of the world to a cell of the grid of blocked places
 SURE = 3  # times that a barrier was seen
+LOST_AFTER = 1.0  # seconds in which a ship is not seen where it should be
 STRAIN = 12  # pixels that a ship against a shore may be off the middle of its viewport
 
 
@@ -156,20 +157,29 @@ class Chart:
         values = {look: self._agreement(look, half.barriers) for look in looks}
         jumped = ship.look is None
         if not jumped:
-            reach = 20 + min(1.2 * TOP_SPEEDS[ship.player] * elapsed / self.frame, 140)
-            look = max(looks, key=lambda look: values[look]
-                       - 0.6 * (math.dist(look, ship.look) > reach)
-                       - math.dist(look, ship.look) / 10000)
-            jumped = math.dist(look, ship.look) > reach
+            look = self._follow(ship, half.ships, values, elapsed)
+            jumped = look is None
+            if jumped:
+                ship.jumped, ship.reload, ship.emptied = self.time, TELEPORT_RELOAD, None
         if jumped:
             # Each place to which a ship can be put shows other water.
             look = max(looks, key=lambda look: values[look] - from_start(look) / 20)
-            if ship.look is not None:
-                ship.jumped, ship.reload, ship.emptied = self.time, TELEPORT_RELOAD, None
             ship.trail.clear()
         ship.look = look
         self._find(ship, half.ships, jumped)
         self._note_barriers(look, half.barriers)
+
+    def _follow(self, ship, seen, values, elapsed):
+        """Where a viewport looks that looked nearby before, or None when its ship has jumped."""
+        if self.time - ship.seen > LOST_AFTER:
+            # A wrong place does not show the ship where it should be.
+            return max(values, key=lambda look: values[look] + 3 * any(
+                may_be_of(look, other) for other in seen) - math.dist(look, ship.look) / 10000)
+        reach = 20 + min(1.2 * TOP_SPEEDS[ship.player] * elapsed / FRAME, 140)
+        look = max(values, key=lambda look: values[look]
+                   - 0.6 * (math.dist(look, ship.look) > reach)
+                   - math.dist(look, ship.look) / 10000)
+        return look if math.dist(look, ship.look) <= reach else None
 
     def _find(self, ship, seen, jumped):
         """The ship stands in the middle of its viewport, except along the world's border."""
@@ -271,6 +281,12 @@ class Chart:
             frame = (self.time - time) / ((ship.dial - dial) * ship.reload / FULL_DIAL)
             self.frame = (self.frame + min(max(frame, FRAME), SLOWEST_FRAME)) / 2
             ship.emptied = self.time, ship.dial
+
+
+def may_be_of(look, seen):
+    """True when a ship seen there can be the one that the viewport follows."""
+    return all(abs(seen[axis] - CENTRE[axis]) <= STRAIN or not 0 < look[axis] < LAST_LOOK[axis]
+               for axis in (0, 1))
 
 
 START_LOOKS = [aim_viewport(x, y) for x in range(100, 701, 100) for y in range(100, 701, 100)]

@@ -128,6 +128,7 @@ class Pilot:
         self.moved = self.left = None  # (time, place): when the ship was last seen to get on
         self.free_until = -math.inf
         self.loaded = None  # when the cannon was
+        self.is_impatient = False
 
     def decide(self, chart, lag=0.04):
         """The wish that follows from the newest picture; keys take effect lag seconds after it."""
@@ -138,11 +139,9 @@ class Pilot:
         self._estimate_heading(chart.time, me, lag)
         self._notice_standstill(chart.time, me)
         is_freeing = chart.time < self.free_until
-        is_impatient = self._is_impatient(chart.time, me)
+        self._notice_waiting(chart.time, me)
         aims = self.heading + numpy.arange(HEADINGS) * math.tau / HEADINGS
         shot = self._find_shot(me, enemy)
-        if is_impatient and shot is None:
-            shot = self._bearing(me, enemy)
         if shot is not None and not is_freeing:
             aims = numpy.append(aims, shot)
         course = sail(extrapolate(me, self.lag), aims if is_freeing else self.heading, me.speed,
@@ -152,10 +151,10 @@ class Pilot:
         if is_freeing:
             values = way - 0.1 * numpy.abs(aims_turn(self.heading, aims))
         elif shot is not None:
-            values[-1] += SHOT_VALUE * (3 if is_impatient else 1)
+            values[-1] += SHOT_VALUE * (3 if self.is_impatient else 1)
         best = int(values.argmax())
         self.aim, self.time = aims[best], chart.time
-        waits = is_impatient and chart.distance < 2 * self.style.distance
+        waits = self.is_impatient and chart.distance < 2 * self.style.distance
         self.wish = self._choose_keys(chart, me, enemy, 0 if waits else way[best])
         return self.wish
 
@@ -186,11 +185,11 @@ class Pilot:
             self.moved = time, me.place
             self.free_until = time + FREEING * self.frame / FRAME
 
-    def _is_impatient(self, time, me):
-        """True when two ships that keep astern of each other could circle for ever."""
+    def _notice_waiting(self, time, me):
+        """Two ships that keep astern of each other, or an island apart, could wait for ever."""
         if self.loaded is None or me.dial < FULL_DIAL:
             self.loaded = time
-        return time - self.loaded > IMPATIENT_AFTER * self.frame / FRAME
+        self.is_impatient = time - self.loaded > IMPATIENT_AFTER * self.frame / FRAME
 
     @staticmethod
     def _bearing(me, enemy):
@@ -258,7 +257,7 @@ class Pilot:
     def _would_hit(self, me, enemy):
         if me.dial < FULL_DIAL:
             return False
-        spread = self.style.spread
+        spread = 0 if self.is_impatient else self.style.spread
         frames = flight(me, extrapolate(me, self.lag), me.speed,
                         self.heading + numpy.array([-spread, 0, spread]), enemy,
                         self.style.patience, self.lag)
