@@ -6,7 +6,6 @@ Xephyr is an X server inside a window. Its pictures are as exact as those of a v
 any desktop.
 """
 
-import ctypes
 import os
 import re
 import select
@@ -16,73 +15,17 @@ import threading
 import time
 
 import numpy
+from PIL import ImageGrab
 from Xlib import X, display
 from Xlib.error import ConnectionClosedError, DisplayConnectionError
 from Xlib.ext import xtest
 
 from .stage import HEIGHT, WIDTH, Stage, StageError, stop_process
 
-ALL_PLANES, Z_PIXMAP = 0xFFFFFFFF, 2
-PRIVATE, CREATE, REMOVE = 0, 0o1600, 0  # for the shared memory calls
 # A desktop repeats a held key as a release and a press at once. A release counts only when no press
 # has followed it by then.
 RELEASE_AFTER = 0.015  # seconds
 CLOSING = 5  # seconds in which the window goes when it has taken the game along
-
-
-class Cookie(ctypes.Structure):
-    """A request whose reply is expected."""
-    _fields_ = [("sequence", ctypes.c_uint)]
-
-
-class Screens(ctypes.Structure):
-    """The iterator over the screens of an X server."""
-    _fields_ = [("screen", ctypes.POINTER(ctypes.c_uint32)), ("rest", ctypes.c_int),
-                ("index", ctypes.c_int)]
-
-
-def declare(library, name, result, *arguments):
-    function = getattr(library, name)
-    function.restype, function.argtypes = result, arguments
-    return function
-
-
-class Camera:
-    """Takes pictures of a whole display through shared memory, in about a millisecond each."""
-
-    def __init__(self, name):
-        xcb, shm = ctypes.CDLL("libxcb.so.1"), ctypes.CDLL("libxcb-shm.so.0")
-        libc = ctypes.CDLL(None)
-        pointer, word, half = ctypes.c_void_p, ctypes.c_uint32, ctypes.c_uint16
-        connect = declare(xcb, "xcb_connect", pointer, ctypes.c_char_p, pointer)
-        setup = declare(xcb, "xcb_get_setup", pointer, pointer)
-        screens = declare(xcb, "xcb_setup_roots_iterator", Screens, pointer)
-        new_id = declare(xcb, "xcb_generate_id", word, pointer)
-        attach = declare(shm, "xcb_shm_attach", Cookie, pointer, word, word, ctypes.c_uint8)
-        self._ask = declare(shm, "xcb_shm_get_image", Cookie, pointer, word, half, half, half, half,
-                            word, ctypes.c_uint8, word, word)
-        self._reply = declare(shm, "xcb_shm_get_image_reply", pointer, pointer, Cookie, pointer)
-        self._free = declare(libc, "free", None, pointer)
-        self.connection = connect(name.encode(), None)
-        self.root = screens(setup(self.connection)).screen[0]
-        segment = libc.shmget(PRIVATE, 4 * WIDTH * HEIGHT, CREATE)
-        address = declare(libc, "shmat", pointer, ctypes.c_int, pointer, ctypes.c_int)(
-            segment, None, 0)
-        self.segment = new_id(self.connection)
-        attach(self.connection, self.segment, segment, 0)
-        pixels = (word * (WIDTH * HEIGHT)).from_address(address)
-        self.pixels = numpy.ctypeslib.as_array(pixels).reshape(HEIGHT, WIDTH)
-        self.picture()
-        libc.shmctl(segment, REMOVE, None)  # goes when the last who uses it has gone
-
-    def picture(self):
-        reply = self._reply(self.connection, self._ask(
-            self.connection, self.root, 0, 0, WIDTH, HEIGHT, ALL_PLANES, Z_PIXMAP, self.segment, 0),
-            None)
-        if not reply:
-            raise StageError("the window was closed")
-        self._free(reply)
-        return self.pixels & 0xFFFFFF
 
 
 class WindowDisplay:
@@ -101,7 +44,6 @@ class WindowDisplay:
         if self.name == ":":
             raise StageError(f"no window can be opened on the X display {os.environ['DISPLAY']}")
         self._copy_layout()
-        self.camera = Camera(self.name)
 
     def _copy_layout(self):
         """Gives the pilot's keyboard the layout of the person's."""
@@ -112,7 +54,12 @@ class WindowDisplay:
                        check=False)
 
     def picture(self):
-        return self.camera.picture()
+        try:
+            image = ImageGrab.grab(xdisplay=self.name)
+        except OSError:
+            raise StageError("the window was closed") from None
+        pixels = numpy.frombuffer(image.convert("RGBX").tobytes("raw", "BGRX"), numpy.uint32)
+        return pixels.reshape(HEIGHT, WIDTH) & 0xFFFFFF
 
     def stop(self):
         stop_process(self.process, signal.SIGTERM)
