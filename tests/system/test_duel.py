@@ -16,7 +16,6 @@ from robots.match import Match
 from robots.screens import NEW_GAME, PARKED
 from robots.sea import Sea
 from robots.see import BAR_WIDTH, CENTRE, FULL_DIAL, SHIP, aim_viewport
-from robots.text import game_over
 from robots.think import BRISK, Wish
 
 # What is left of a bar of 396 pixels after each of ten hits.
@@ -248,24 +247,24 @@ def assert_straight_flight(flight, ship, heading, speed):
         assert away == (steps * step[0], steps * step[1])
 
 
-@pytest.mark.parametrize("first_seed", (1, 2))
-def test_duel_of_two_pilots(play, first_seed):
-    """Both sail and fire until one is sunk; then the winner is named, and the menu comes back."""
-    with play(first_seed) as guide:
+@pytest.mark.parametrize("styles, winners", (
+    ((BRISK, BRISK), (1, 2)), ((BRISK, None), (1,)), ((None, BRISK), (2,))))
+def test_pilots_fight_until_a_ship_is_sunk(play, styles, winners):
+    """Each hit takes a tenth of a bar; then the winner is named, and the menu comes back."""
+    with play() as guide:
         guide.skip_intro()
-        watch = Watch(guide, (BRISK, BRISK))
+        watch = Watch(guide, styles)
         watch.run(lambda: watch.match.is_over, LONGEST_DUEL)
-        winner = guide.stage.wait_for(lambda picture: next(
-            (player for player in (1, 2) if guide.shows_text(picture, game_over(player))), None),
-            "the winner")
-        for player in (0, 1):
-            assert is_part_of(watch.bars(player), BAR_WIDTHS)
-        assert watch.bars(2 - winner)[-1] <= BAR_WIDTHS[-2]
+        winner = guide.await_game_over(winners)
+        assert watch.bars(2 - winner) == BAR_WIDTHS
+        assert_only_hits_shorten_the_bar(watch, winner - 1)
+        if styles[2 - winner] is None:
+            assert watch.bars(winner - 1) == BAR_WIDTHS[:1]
         for key in ("Return", "space"):
             guide.stage.tap(key)
         guide.stage.click()
         watch.wait(0.2)
-        guide.await_game_over(winner)
+        guide.await_game_over([winner])
         guide.stage.tap("Escape")
         guide.await_menu()
         # If any of those had led to the menu, Escape would have ended the program there.
@@ -276,10 +275,10 @@ def test_duel_of_two_pilots(play, first_seed):
         leave(guide)
 
 
-def is_part_of(widths, allowed):
-    """True when the widths come in this order; on a busy machine some may be missed."""
-    remaining = iter(allowed)
-    return all(width in remaining for width in widths)
+def assert_only_hits_shorten_the_bar(watch, player):
+    """The bar loses one part after the other, and none is missed."""
+    widths = watch.bars(player)
+    assert widths == BAR_WIDTHS[:len(widths)]
 
 
 @pytest.mark.usefixtures("seeded")
@@ -298,7 +297,10 @@ def test_ships_that_begin_on_the_same_place(play, artwork):
         for log in watch.log:
             assert log[0].place == start
         watch.run(lambda: watch.match.chart.distance > SHIP)
-        watch.run(lambda: watch.match.is_over or sum(watch.match.statistics.hits) > 0, LONGEST_DUEL)
+        hits = watch.match.statistics.hits
+        watch.run(lambda: watch.match.is_over or min(hits) > 0, LONGEST_DUEL)
+        for player in (0, 1):
+            assert_only_hits_shorten_the_bar(watch, player)
         if watch.match.is_over:
             guide.stage.tap("Escape")
             guide.await_menu()

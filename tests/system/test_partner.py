@@ -19,6 +19,7 @@ from robots.stage import Stage
 PARTNER = "tools/partner"
 PATIENCE = 120  # seconds; a busy machine may take long
 SAILED = 60  # pixels
+TURNED = 25  # changes of the ship's picture; a busy machine does not show them all
 
 
 @pytest.fixture
@@ -99,7 +100,7 @@ def test_held_key_stays_held_although_the_desktop_repeats_it(sit_down):
 
         def turned(chart):
             phases.append(chart.ships[1].phase)
-            return sum(a != b for a, b in zip(phases, phases[1:])) > 60
+            return sum(a != b for a, b in zip(phases, phases[1:])) > TURNED
 
         watch(guide, turned, "the person's ship turning on")
         # Every key that is lost and found again would show as a pause after the first few turns.

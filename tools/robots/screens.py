@@ -65,8 +65,11 @@ class Guide:
                 and all((name == 0xFFFFFF).sum() > 50 for name in names)
                 and difference(picture[500:], title[500:]) < 1)
 
-    def await_game_over(self, winner):
-        self.await_text(game_over(winner))
+    def await_game_over(self, winners=(1, 2)):
+        """Waits until the winner, one of these, is named, and returns it."""
+        return self.stage.wait_for(lambda picture: next(
+            (winner for winner in winners if self.shows_text(picture, game_over(winner))), None),
+            f"one of {winners} named as the winner")
 
     def await_battle(self):
         self.stage.wait_for(self.lookout.is_battle, "the battle")
