@@ -11,7 +11,7 @@ from .loopmp3 import RATE
 
 WINDOW = 12000           # samples compared around the loop's border; the file's is near it
 QUIET = 2e-3
-PATIENCE = 120           # seconds after which the player gives up
+PATIENCE = 900           # seconds after which the player gives up
 
 
 def build_player(source, target):
@@ -34,6 +34,8 @@ def record(player, piece, raw, seconds):
     process.terminate()
     process.wait()
     data = np.fromfile(raw, '<i2')
+    if len(data) * 2 < wanted:
+        raise SystemExit(f'{piece}: no whole round was played in {PATIENCE} s')
     return data[:len(data) // 2 * 2].reshape(-1, 2) / 32768
 
 
