@@ -12,11 +12,11 @@ from common.light import srgb_to_linear
 SRGB = {
     # sea
     'sea_deep': '17527a', 'sea': '226c94', 'sea_light': '3f8fb2', 'glint': 'd6f0f5',
-    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'drowned': '2f6a66',
+    'foam': 'f0f9f8', 'lagoon': '3fa9b4', 'lagoon_pale': 'a6ead6', 'drowned': '5b7460',
     'shadow': '04202f',
     # land
     'sand': 'e2c48c', 'sand_wet': 'a98a5c', 'grass': '60793a', 'meadow': '7d8a48',
-    'rock': '8a7c6b', 'rock_dark': '5b5047', 'rock_lit': 'c9bfae', 'moss': '7d8240',
+    'rock': '8a7c6b', 'rock_wet': '64543f', 'rock_lit': 'c9bfae', 'moss': '7d8240',
     'weed': '4a4a30', 'earth': '8d6b42',
     # ship
     'sail': 'fcf2d6', 'seam': 'dbc9a3', 'deck': 'c28c52', 'deck_light': 'dead6e',

@@ -12,6 +12,7 @@ from PIL import Image
 from scipy.ndimage import distance_transform_edt, gaussian_filter
 
 from common import povray
+from common.light import SUN, normals
 from common.noise import smoothstep
 from common.palette import linear
 from common.raster import layer, over, read_layer, read_light, reduce, to_image
@@ -70,19 +71,26 @@ def beside_sand(g):
     return np.exp(-(np.clip(away, 0, None) / 5.5) ** 1.6)
 
 
+def drowned_stone(g):
+    """What lies under the water, in its own colours and in the sun."""
+    floor = gaussian_filter(g.height, .5 * CELLS)
+    shade = np.clip((normals(floor * CELLS) * SUN).sum(2) / SUN[2], .45, 1.5)
+    mottled = 1 + .1 * g.noise(1., 6, 1.5, 77)
+    return linear('drowned') * (shade * mottled)[..., None]
+
+
 def shelf_water(g, shelf, front):
-    """Shallow water over stone: drowned stones show dark, the sand between them pale."""
-    depth = gaussian_filter(np.clip(-g.height, 0, None), .5 * CELLS)
-    broad = g.noise(1.3, 30, 5, 71)
-    d = g.offshore * (1 + .3 * broad) / shelf
+    """Shallow water over stone, which shows through it the darker the shallower."""
+    depth = gaussian_filter(np.clip(-g.height, 0, None), .4 * CELLS)
+    d = g.offshore * (1 + .3 * g.noise(1.3, 30, 5, 71)) / shelf
     colour = linear('lagoon') + (linear('lagoon_pale') - linear('lagoon')) * (
-        (.25 + .5 * front) * np.exp(-d ** 1.4))[..., None]
+        (.15 + .45 * front) * np.exp(-d ** 1.4))[..., None]
     sand = beside_sand(g)
     colour = colour + (linear('lagoon_pale') - colour) * .8 * sand[..., None]
-    stone = (1 - smoothstep(depth, .4, 3.2)) * (.75 + .12 * g.noise(1., 6, 1.5, 77)) * (1 - sand)
-    colour = colour + (linear('drowned') - colour) * stone[..., None]
+    stone = np.exp(-np.clip(depth - .4, 0, None) / 1.6) * .85 * (1 - sand)
+    colour = colour + (drowned_stone(g) - colour) * stone[..., None]
     clear = np.exp(-(np.clip(d - .2, 0, None) / 1.1) ** 1.6) * .85
-    return layer(colour, np.maximum(clear, .8 * stone))
+    return layer(colour, np.maximum(clear, .85 * stone))
 
 
 def lace(g):
@@ -92,13 +100,19 @@ def lace(g):
 
 
 def breakers(g, surge, front):
-    """Foam: thick where the swell breaks, a thread in the lee."""
+    """Foam: thick where the swell breaks, a thread in the lee, and none here and there."""
     broad = g.noise(1.2, 22, 6, 81)
-    reach = surge * (.25 + .9 * front ** 1.5) * np.clip(1 + .5 * broad, .25, 2.2)
+    reach = surge * (.2 + .9 * front ** 1.5) * np.clip(.9 + .75 * broad, .1, 2.6)
     amount = np.exp(-(g.offshore / np.maximum(reach, .3)) ** 1.5) * (g.offshore > 0)
     threads = lace(g)
     foam = smoothstep(amount * 1.15 + .8 * (threads - .62), .25, 1.2)
     return foam * (1 - .55 * beside_sand(g)) * np.clip(.62 + .36 * threads, .3, 1)
+
+
+def wash(g, front):
+    """The last of a wave, running up the low stones on the weather side."""
+    up = np.clip(2.2 * front + .9 * g.noise(1.2, 14, 4, 84) - .9, 0, 2.6)
+    return smoothstep(up - g.inland, 0, 1.2) * (g.inland > 0) * np.clip(.5 + .3 * lace(g), 0, .9)
 
 
 def lagoon(g, reach, pale, wide, fine):
@@ -146,9 +160,14 @@ def compose(g, land, light, water, edge):
     return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
 
 
-def make(g, plants, work, water, edge):
-    """The finished picture; `water` is one of the shallows above, `edge` is for `fading`."""
+def make(g, plants, work, water, edge, spray=0.):
+    """The finished picture; `water` is one of the shallows above, `edge` is for `fading`, `spray`
+    how much of the stones the waves wash over.
+    """
     write_inputs(g, plants, work)
     picture = compose(g, *render(g, work), water, edge)
+    if spray:
+        foam = layer(linear('foam'), spray * wash(g, weather_side(g)))
+        picture = over(reduce(foam, CELLS) * picture[..., 3:], picture)
     print('%s: %.0f %% solid' % (work.name, 100 * (picture[..., 3] > .5).mean()))
     return to_image(picture)

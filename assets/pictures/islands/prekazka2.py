@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Barrier kind 1: a reef of boulders round a sandbank in breaking surf, 130 x 100.
+"""Barrier kind 1: a reef of crags and rubble with a spit of sand in its lee, 130 x 100.
 
-To change: STONES, the sandbank in `heights`, and the numbers of the water in `make`.
+To change: SPINES, RUBBLE and SAND, and the numbers of the water in `make`.
 """
 import numpy as np
 from scipy.ndimage import gaussian_filter
@@ -11,29 +11,54 @@ from common.noise import smoothstep
 from islands import barrier
 from islands.terrain import CELLS, Ground, bare_rock, lerp, srgb
 
-# x, y, radius, height of the boulders, from the middle.
-STONES = (
-    (-33, -23, 17, 24), (-12, -28, 12, 17), (-47, 0, 12, 17), (-21, -2, 18, 26), (3, -13, 13, 19),
-    (-36, 20, 13, 19), (-8, 15, 15, 22), (-20, 32, 11, 15), (11, 7, 8, 11), (23, -29, 14, 20),
-    (42, -20, 14, 19), (23, -9, 9, 13), (55, -3, 9, 13), (8, -39, 8, 11), (4, 34, 9, 13),
-    (-59, -20, 6, 8), (-53, 31, 7, 9), (-40, -43, 6, 8), (52, -38, 5, 7), (36, 2, 6, 8),
-    (21, 43, 6, 8), (45, 38, 7, 9), (60, 16, 5, 7), (-32, 45, 5, 7), (-7, -45, 5, 7))
-# The same for those that stay under water, darkening it where no stone stands.
+# The crests, each a line of x, y, height from the middle, with the width of its lit and shaded
+# flank.
+SPINES = (
+    (((-53, 16, 6), (-40, 10, 20), (-24, -4, 32), (-10, -14, 26), (2, -25, 16), (12, -33, 6)),
+     18, 17),
+    (((-26, -4, 24), (-38, -16, 15), (-47, -20, 6)), 10, 9),
+    (((-22, -2, 24), (-12, 8, 16), (-7, 18, 6)), 11, 11),
+    (((25, -27, 6), (35, -20, 17), (45, -13, 13), (54, -2, 5)), 12, 11),
+    (((-40, 38, 6), (-28, 33, 12), (-15, 37, 5)), 9, 9))
+# x, y, radius, height of single stones.
+RUBBLE = (
+    (10, -8, 6, 8), (4, 2, 4.5, 6), (19, -17, 5, 6), (-54, -6, 6, 7), (-50, 32, 4, 5),
+    (-6, 30, 5, 6), (4, 39, 4.5, 6), (-24, 24, 5, 6), (26, -4, 4.5, 5), (58, 12, 4, 5),
+    (-58, -22, 4, 5), (-20, -34, 5, 6), (-4, -39, 4, 5), (14, -38, 4.5, 5), (50, 40, 3.5, 4),
+    (48, -36, 4, 5), (-60, 6, 3, 4), (36, -2, 3, 4), (-46, 44, 3, 4), (16, 43, 3, 4),
+    (-30, -42, 3.5, 4), (60, -18, 3, 4), (-2, -6, 4, 6), (50, 6, 3, 4), (-14, 45, 2.6, 4),
+    (30, -42, 2.6, 4), (-62, 22, 2.6, 4), (0, 21, 3, 4), (12, 10, 3, 4))
+# The same for those that stay under water.
 DROWNED = (
     (-55, -30, 16, 12), (-56, 24, 14, 12), (-20, 41, 16, 12), (54, 34, 14, 12), (58, -26, 14, 12),
     (28, 42, 15, 12), (-12, -42, 16, 12), (-62, 0, 10, 10), (60, 6, 12, 12), (34, -40, 14, 12))
+# The spit's line: x, y and half its width.
+SAND = ((-2, 18, 2), (9, 25, 7), (24, 28, 10), (38, 23, 8), (48, 12, 4), (50, 4, 2))
 SEED = 16
+
+
+def spit(g):
+    """Heights of the sandbank: a spit that the swell has bent round the reef."""
+    bank = np.full(g.shape, -9.)
+    for (ax, ay, aw), (bx, by, bw) in zip(SAND, SAND[1:]):
+        t = np.clip(((g.x - ax) * (bx - ax) + (g.y - ay) * (by - ay))
+                    / ((bx - ax) ** 2 + (by - ay) ** 2), 0, 1)
+        away = np.hypot(g.x - ax - t * (bx - ax), g.y - ay - t * (by - ay))
+        half = aw + (bw - aw) * t
+        bank = np.maximum(bank, (.6 + .2 * half) * (1 - away / half))
+    return gaussian_filter(np.maximum(bank, -3), 2 * CELLS) + .3 * g.noise(1.5, 40, 9, 23)
 
 
 def heights():
     g = Ground(130, 100, 34, SEED)
-    drowned = np.minimum(g.pile(DROWNED, 7, 2.2), -.6)
-    h = g.pile(STONES, 6, 2.4)
-    broken, crack = g.facets(7, .16, 21)
-    rough = .6 * broken - .7 * crack + .2 * g.noise(1., 4, 1.5, 22)
-    h = np.maximum(drowned, h + np.where(h > -1.5, rough, 0))
-    bank = 4.9 * g.hump(29, 20, 25, 13) - 2.2 + .4 * g.noise(1.5, 30, 6, 23)
-    g.sandy = (bank > h) & (bank > -.4)
+    shelf = g.pile(DROWNED, 7, 2.2) + .5 * g.noise(1.2, 12, 2, 35)
+    crag = np.maximum.reduce([g.ridge(*spine) for spine in SPINES]) - 1.4
+    crag = crag + 1.8 * g.noise(1.3, 24, 4, 31)
+    crag = .75 * g.faceted(crag, 7.5, 2.4, 33) + .25 * g.faceted(crag, 3., .7, 34)
+    h = np.maximum(crag, g.pile(RUBBLE, 6, 1.6)) + .25 * g.noise(1., 4, 1.5, 32)
+    h = np.maximum(np.minimum(shelf, -.4), h)
+    bank = spit(g)
+    g.sandy = (bank > h) & (bank > -.15)
     g.height = np.maximum(h, bank)
     g.settle()
     return g
@@ -41,12 +66,13 @@ def heights():
 
 def sand_over(g, colour):
     grain = g.noise(.8, 6, 1, 52)[..., None]
-    dry = lerp(srgb('sand_wet'), srgb('sand'), smoothstep(g.height, 0, .8)) + .02 * grain
+    damp = smoothstep(g.height + .1 * grain[..., 0], -.1, 1.3)
+    dry = lerp(srgb('sand_wet'), srgb('sand'), damp) + .02 * grain
     return lerp(colour, dry, gaussian_filter(g.sandy.astype(float), CELLS * .3))
 
 
 def make(work):
     g = heights()
     g.colour = sand_over(g, bare_rock(g))
-    water = barrier.stony_shallows(g, shelf=11., surge=9.)
-    return barrier.make(g, [], work, water, edge=(34, 4.5, 4., 14.))
+    water = barrier.stony_shallows(g, shelf=20., surge=9.)
+    return barrier.make(g, [], work, water, edge=(30, 4., 2., 11.), spray=.8)

@@ -10,8 +10,8 @@ To change: `bare_rock` colours both reef and rock.
 import math
 
 import numpy as np
+from scipy.interpolate import LinearNDInterpolator
 from scipy.ndimage import distance_transform_edt, gaussian_filter
-from scipy.spatial import cKDTree
 
 from common.noise import band, smoothstep
 from common.palette import rgb
@@ -59,20 +59,36 @@ class Ground:
         j = int(np.clip((x + self.w / 2) * CELLS, 0, self.shape[1] - 1))
         return self.height[i, j], self.inland[i, j], self.slope[i, j]
 
-    def facets(self, size, tilt, seed):
-        """Broken rock: cells of about this size, each a plane of its own tilt and level."""
+    def ridge(self, spine, lit, shaded):
+        """Heights of a ridge along `spine`, points (x, y, height): its flanks meet the water about
+        `lit` pixels from the crest on the side of the sun and `shaded` on the other.
+        """
+        best = np.full(self.shape, -9.)
+        for (ax, ay, at), (bx, by, bt) in zip(spine, spine[1:]):
+            dx, dy = bx - ax, by - ay
+            t = ((self.x - ax) * dx + (self.y - ay) * dy) / (dx * dx + dy * dy)
+            t = np.clip(t, 0, 1)
+            ox, oy = self.x - ax - t * dx, self.y - ay - t * dy
+            away = np.hypot(ox, oy)
+            sunny = smoothstep(-(ox + oy) / np.maximum(away, .1), -.6, .6)
+            top = at + (bt - at) * t
+            width = (shaded + (lit - shaded) * sunny) * (.55 + .45 * top / self.top)
+            best = np.maximum(best, top * (1 - (away / width) ** .9))
+        return best
+
+    def faceted(self, height, size, rough, seed):
+        """The same heights as broken rock: plane faces about `size` across, whose corners are
+        moved up or down by about `rough`.
+        """
         r = np.random.RandomState(seed)
-        nx, ny = int(self.w / size) + 3, int(self.h / size) + 3
+        nx, ny = int(self.w / size) + 4, int(self.h / size) + 4
         rows, columns = np.mgrid[0:ny, 0:nx]
-        spots = np.dstack([columns - 1, rows - 1]).reshape(-1, 2) + r.rand(nx * ny, 2)
+        spots = np.dstack([columns - 2, rows - 2]).reshape(-1, 2) + .9 * r.rand(nx * ny, 2)
         spots = spots * size - (self.w / 2, self.h / 2)
-        places = np.dstack([self.x, self.y]).reshape(-1, 2)
-        near, cell = (a.reshape(self.shape + (2,)) for a in cKDTree(spots).query(places, 2))
-        slopes, levels = r.normal(size=(len(spots), 2)) * tilt, r.normal(size=len(spots))
-        own = cell[..., 0]
-        away = np.dstack([self.x, self.y]) - spots[own]
-        crack = np.exp(-((near[..., 1] - near[..., 0]) / .5) ** 2)
-        return (slopes[own] * away).sum(2) + levels[own] * size * .16, crack
+        i = np.clip(((spots[:, 1] + self.h / 2) * CELLS).astype(int), 0, self.shape[0] - 1)
+        j = np.clip(((spots[:, 0] + self.w / 2) * CELLS).astype(int), 0, self.shape[1] - 1)
+        levels = height[i, j] + r.normal(size=len(spots)) * rough
+        return LinearNDInterpolator(spots, levels)(self.x, self.y)
 
     def pile(self, stones, faces, sunk):
         """Heights of stones (x, y, radius, height) lying on and beside each other; each has a
@@ -112,18 +128,19 @@ def lerp(a, b, t):
 
 def bare_rock(g):
     """Colours of naked rock: weed at the waterline, wet and dark above it, dry and pale on top;
-    worn pale along its edges, dark in its clefts, lichen on some tops.
+    layers of its own that dip across it, worn pale edges, and lichen on some tops.
     """
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
-    dry = lerp(srgb('rock'), srgb('rock_lit'), .35 + .16 * broad)
-    dry = dry + g.tint[..., None] * np.array([.03, .022, .01]) + spots * .02
-    lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .4 * g.slope, .5, 1.3)
-    dry = lerp(dry, srgb('moss') * .95, .38 * lichen * smoothstep(g.height, 4, 7))
-    wet = srgb('rock_dark') + .4 * g.tint[..., None] * .05 + spots * .02
-    c = lerp(wet, dry, smoothstep(g.height + .7 * broad + .25 * grain, 1.2, 4.2))
-    weed = .8 * (1 - smoothstep(g.height + .5 * broad, .2, 1.4))
-    c = lerp(c, srgb('weed') + .02 * spots, weed)
+    bedding = np.sin(1.1 * g.height + .38 * g.x - .5 * g.y + 1.2 * broad)
+    dry = lerp(srgb('rock'), srgb('rock_lit'), .66 + .14 * broad + .09 * bedding)
+    dry = dry + g.tint[..., None] * np.array([.022, .017, .01]) + spots * .013
+    lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .3 * g.slope, .4, 1.3)
+    dry = lerp(dry, srgb('moss') * .95, .42 * lichen * smoothstep(g.height, 4, 7))
+    wet = srgb('rock_wet') + spots * .02
+    tide = g.height + .6 * broad + .3 * grain
+    c = lerp(wet, dry, smoothstep(tide, 1., 3.2))
+    c = lerp(c, srgb('weed') + .02 * spots, .6 * (1 - smoothstep(tide, .1, 1.1)))
     # Heights above the mean of what lies around: worn edges and clefts.
-    out = (g.height - gaussian_filter(g.height, 1.6 * CELLS)) / 2.2
-    return c * (1 + .42 * np.clip(out, -1.15, .8))[..., None]
+    out = (g.height - gaussian_filter(g.height, 1.4 * CELLS)) / 2.2
+    return c * (1 + .34 * np.clip(out, -.8, .8))[..., None]
