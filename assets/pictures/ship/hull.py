@@ -14,25 +14,29 @@ import numpy as np
 
 from ship.mesh import smooth
 
-STERN, BOW, BEAM = 45.0, -41.2, 17.8        # BEAM is half of it
+STERN, BOW, BEAM = 45.4, -41.4, 17.7        # BEAM is half of it
 TUMBLE = .93        # breadth at the rail as a part of the widest
-LEAST_STERN, WIDEST, FULL = .66, .44, .65   # plan: stern's breadth, and where she is widest
+LEAST_STERN, WIDEST, FULL = .74, .42, .65   # plan: stern's breadth, and where she is widest
+ROUND, CORNER = .075, .24   # how far the stern is rounded, and by what part of its breadth
 WALE = .42          # height of the widest line, as a part of the rail's
-BULWARK = 1.7       # height of the rail above the deck
+BULWARK = 2.0       # height of the rail above the deck
 BULWARK_THICK = 1.0
-WAIST, QUARTER, POOP, FORE = 6.4, 8.4, 9.5, 8.2
+WAIST, QUARTER, POOP, FORE = 6.5, 7.8, 8.1, 7.6
+SHEER = 2.3         # how much higher the rail stands at her ends than amidships
 BREAKS = (.085, .345, .775)     # stations at which poop, quarterdeck and waist end
 GUNS = (-23.5, -13., -2.5, 8., 18.5)
-GUN_DECK = .53      # height of the ports as a part of the rail's
-TIP = (-49.0, 6.4, 0.)
+GUN_DECK = .50      # height of the ports as a part of the rail's
+TIP = (-48.8, 7.0, 0.)
 STATIONS = np.concatenate([
-    np.linspace(0, FULL, 40), FULL + (1 - FULL) * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
+    np.linspace(0, .1, 14)[:-1], np.linspace(.1, FULL, 36),
+    FULL + (1 - FULL) * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
 
 
 def breadth(t):
     """Half breadth as a part of BEAM at station t, 0 at the stern, 1 at the stem."""
     if t < WIDEST:
-        return LEAST_STERN + (1 - LEAST_STERN) * math.sin(math.pi / 2 * t / WIDEST)
+        corner = CORNER * (1 - math.sqrt(1 - max(0, 1 - t / ROUND) ** 2))
+        return (LEAST_STERN + (1 - LEAST_STERN) * math.sin(math.pi / 2 * t / WIDEST)) * (1 - corner)
     if t < FULL:
         return 1.
     u = (t - FULL) / (1 - FULL)
@@ -52,7 +56,7 @@ def deck(t):
     y = WAIST + (QUARTER - WAIST) * (1 - smooth(t, quarter - .004, quarter + .004))
     y += (POOP - QUARTER) * (1 - smooth(t, poop - .004, poop + .004))
     y += (FORE - WAIST) * smooth(t, waist - .004, waist + .004)
-    return y + .8 * (2 * (t - .5)) ** 2
+    return y + SHEER * (2 * t - 1) ** 2
 
 
 def rail(t):
@@ -112,7 +116,7 @@ def decks(model):
         middle, grid = (t0 + t1) / 2, []
         for t in np.linspace(t0, t1, 20):
             r = max(0, top(t) - .8)
-            sheer = .8 * ((2 * t - 1) ** 2 - (2 * middle - 1) ** 2)
+            sheer = SHEER * ((2 * t - 1) ** 2 - (2 * middle - 1) ** 2)
             grid.append([(position(t), deck(middle) + sheer + .3 * (1 - q * q), q * r)
                          for q in np.linspace(-1, 1, 7)])
         model.surface(grid, texture, mapped=False)
@@ -138,7 +142,7 @@ def break_of_deck(model, t):
 def stern(model):
     high, wide = rail(0), side(0)
     half = [(0, .84 * wide), (1.6, .97 * wide), (WALE * high, wide), (high, wide * TUMBLE)]
-    model.polygon([(STERN, y, -z) for y, z in half] + [(STERN, high + .3, 0)]
+    model.polygon([(STERN, y, -z) for y, z in half] + [(STERN, high + .6, 0)]
                   + [(STERN, y, z) for y, z in half[::-1]], 'T_Stern')
     r = wide * TUMBLE
     model.box((STERN - .7, high - .6, -r - .3), (STERN + .3, high + .3, r + .3), 'T_Gilt')
@@ -171,7 +175,7 @@ def guns(model, s):
         t = station(x)
         wide, high = side(t), rail(t)
         port = GUN_DECK * high
-        model.box((x - 1.3, port - 1.1, s * wide * .9), (x + 1.3, port + 1.1, s * (wide + .1)),
+        model.box((x - 1.8, port - 1.6, s * wide * .9), (x + 1.8, port + 1.6, s * (wide + .1)),
                   'T_Port')
         model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + 1.2)), .7, 'T_Muzzle')
         y, r = deck(t) + .3, top(t) - BULWARK_THICK

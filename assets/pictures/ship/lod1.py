@@ -33,13 +33,13 @@ BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 TOLERANCE = 4
 # Degrees of the view from vertical, and the pixels by which she is lowered, so that waterline and
 # rail together are centred.
-TILT, DROP = 35, 4.5
-FORWARD = 1.4
+TILT, DROP = 35, 4.8
+FORWARD = 1.7
 # Strength of the sun, of the light from before her and of the sky's.
-LIGHTS = {'Sun': .96, 'Front': .56, 'Sky': .26}
+LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
 # The line round her, in pixels: tar on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
-LINE_WIDTH = 1.65
+LINE_WIDTH, SUNNY = 1.65, .30   # the line is thinner by this part towards the sun
 TAR = linear('tar') * .6
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .68
@@ -77,7 +77,10 @@ def moved(k):
     """
     turn = math.radians(10 * k)
     ahead = FORWARD * min(1, 1.6 * abs(math.sin(2 * turn)))
-    return -ahead * math.cos(turn), DROP - ahead * math.sin(turn)
+    # Heading up, her stern at the water must not reach below the cell.
+    lowest = hull.STERN * math.sin(turn) + .84 * hull.side(0) * abs(math.cos(turn))
+    drop = min(DROP - ahead * math.sin(turn), FRAME / 2 - .15 - lowest)
+    return -ahead * math.cos(turn), drop
 
 
 def render(k, work, libraries):
@@ -133,7 +136,10 @@ def outlined(ship, cells, wood):
     """
     alpha = ship[..., 3:]
     inside = distance_transform_edt(alpha[..., 0] > .5) / cells
-    edge = (1 - smoothstep(inside, LINE_WIDTH - .2, LINE_WIDTH + .2))[..., None]
+    down, right = np.gradient(gaussian_filter(alpha[..., 0], cells))
+    facing = np.clip((down + right) / np.maximum(np.hypot(down, right), 1e-3) / 1.41, 0, 1)
+    width = LINE_WIDTH * (1 - SUNNY * gaussian_filter(facing, .5 * cells))
+    edge = (1 - smoothstep(inside - width, -.2, .2))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
     soft, wood = gaussian_filter(light, (.2 * cells, .2 * cells, 0)), np.clip(wood, 0, 1)[..., None]
     canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (
@@ -178,7 +184,7 @@ def trimmed(cover):
 def compose(k, ship, light):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
     dark = gaussian_filter(1 - light, .75 * COARSE)
-    shade = trimmed(reduce(dark, COARSE) * .52 * np.clip(border() / 5, 0, 1))
+    shade = trimmed(reduce(dark, COARSE) * .62 * np.clip(border() / 5, 0, 1))
     foam = trimmed(reduce(wake.foam(k, *moved(k)), wake.CELLS) * .95 * smoothstep(border(), 0, 9))
     under = over(layer(linear('shadow'), shade), layer(linear('foam'), foam))
     # Where she covers half a pixel it is hers, or foam would eat into the line round her.

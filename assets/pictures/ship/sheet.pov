@@ -22,8 +22,8 @@ camera{ orthographic location <-Aside,300,-300*Tan + Drop> direction <0,-1,Tan>*
   // him than for the shadow on the water, or all that is seen of her would lie in her own shade.
   light_source{ <-.80,1.15,-.22>*3000 rgb <1.0,.95,.84>*Sun area_light x*140,z*140,3,3 adaptive 1
     parallel point_at 0 }
-  light_source{ <-500,700,-1000> rgb <1,.95,.86>*Front shadowless parallel point_at 0 }
-  light_source{ <-100,2000,100> rgb <.85,.9,1>*Sky shadowless parallel point_at 0 }
+  light_source{ <-500,700,-1000> rgb <.80,.88,1>*Front shadowless parallel point_at 0 }
+  light_source{ <-100,2000,100> rgb <.80,.90,1>*Sky shadowless parallel point_at 0 }
   union{ object{Hull} object{Rig} rotate y*10*Heading }
 #end
 #if (Pass = 1)
