@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Barrier kind 0: an island with hills, woods, clearings and a landing place, 220 x 180.
 
-To change: `coast` draws the outline, `heights` the hills, `clearing` and `path` the ways; LANDING,
-FIELD and JETTY are the settlement's places; the numbers in `make` are the lagoon's.
+To change: `coast` draws the outline, SPINES the hills, `beach` the sand, `clearing` and `path` the
+ways; LANDING, FIELD and JETTY are the settlement's places; the numbers in `make` are the lagoon's.
 """
 import numpy as np
 from scipy.ndimage import gaussian_filter
@@ -14,15 +14,21 @@ from islands.terrain import CELLS, Ground, lerp, srgb
 
 LANDING = (34, 46)          # the huts' clearing
 FIELD = (-47, 40)
-JETTY = (56, 56)
+JETTY = (57, 59)
+# The crests, each a line of x, y, height from the middle, with the width of its lit and shaded
+# flank. They run across the light.
+SPINES = (
+    (((-70, 14, 8), (-54, -4, 27), (-40, -18, 42), (-26, -30, 34), (-8, -46, 12)), 32, 27),
+    (((-40, -18, 38), (-28, -4, 24), (-16, 4, 8)), 16, 16),
+    (((16, -22, 8), (32, -34, 21), (46, -46, 10)), 20, 17))
 
 
 def coast(g):
     """How far inside the coast a cell lies, 0 at the waterline: bays and headlands."""
-    e = g.outline(.440, .425, 3.2) + .060 * g.noise(1.6, 80, 18, 1)
+    e = g.outline(.445, .430, 2.8) + .075 * g.noise(1.6, 90, 22, 1)
     e = e + .30 * g.hump(56, 82, 24, 26)            # the bay on the lower right
-    e = e + .22 * g.hump(-104, 22, 22, 18)          # a cove on the left
-    e = e + .16 * g.hump(20, -92, 20, 16)           # and one above
+    e = e + .34 * g.hump(-106, 20, 24, 20)          # a cove on the left
+    e = e + .34 * g.hump(22, -92, 22, 20)           # and one above
     # Rounded before the small disturbance, or headlands come to points.
     return 1 - gaussian_filter(e, 2.5 * CELLS) - .007 * g.noise(1.3, 14, 4, 2)
 
@@ -32,9 +38,12 @@ def heights():
     inside = coast(g)
     h = np.where(inside > 0, 24 * np.clip(inside, 0, 1) ** 1.25, 26 * inside)
     h = h + np.clip(inside, 0, .3) * 4 * g.noise(1.7, 40, 6, 3)
-    hill = 36 * g.hump(-38, -20, 34, 26) + 18 * g.hump(36, -32, 22, 18)
-    ridges = .26 * (1 - np.abs(g.noise(1., 60, 20, 4))) + .07 * (1 - np.abs(g.noise(1.1, 16, 6, 5)))
-    hill = hill * (.88 + ridges) + .35 * g.noise(1.1, 6, 2, 7) * smoothstep(hill, 5, 12)
+    hill = np.clip(np.maximum.reduce([g.ridge(*spine) for spine in SPINES]), 0, None)
+    gullies = 1 - np.abs(g.noise(1.1, 26, 7, 4))
+    hill = gaussian_filter(hill, 1.2 * CELLS) * (.91 + .12 * gullies)
+    broken = .7 * smoothstep(hill, 3, 14)
+    hill = hill + broken * (g.faceted(hill, 8., 1., 8) - hill)
+    hill = hill + .35 * g.noise(1.1, 6, 2, 7) * smoothstep(hill, 5, 12)
     h = h + np.where(inside > 0, hill * smoothstep(inside, 0, .25), 0)
     g.height = h + .22 * g.noise(1, 5, 1.5, 6) * smoothstep(inside, .08, .3)
     g.settle()
@@ -66,6 +75,11 @@ def field(g):
     return smoothstep(inside, 0, 1.2), smoothstep(np.sin(2.3 * v), -.35, .45)
 
 
+def beach(g):
+    """The width of the sand: some pixels under the headlands, wide in the bays."""
+    return np.clip(7.5 + 4.5 * g.noise(1.5, 110, 30, 58) + 1.5 * g.noise(1.3, 30, 4, 53), 3.5, 17)
+
+
 def ground(g):
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
@@ -74,7 +88,7 @@ def ground(g):
     reach = np.clip(1.1 + 1.5 * g.noise(1.4, 40, 8, 57), 0, 4.5)
     wet = (1 - smoothstep(g.inland, .3 * reach, reach + .3)) * smoothstep(reach, .1, 1.4)
     c = lerp(c, srgb('sand_wet') + .02 * spots, .55 * wet)
-    green = smoothstep(g.inland + 2.6 * g.noise(1.3, 30, 4, 53), 6.5, 11)
+    green = smoothstep(g.inland - beach(g), -1.5, 2.5)
     tint = broad[..., None] * np.array([.035, .03, .01])
     c = lerp(c, srgb('grass') + tint + .02 * spots, green)
     meadow = np.maximum(smoothstep(g.noise(1.5, 50, 8, 54), .2, 1.2) * .55, clearing(g) * .9)
@@ -84,7 +98,7 @@ def ground(g):
     c = lerp(c, crops, green * plot * .9)
     trodden = np.maximum(path(g), .9 * g.hump(LANDING[0] - 3, LANDING[1], 15, 9))
     c = lerp(c, srgb('sand') * .92 + .02 * spots, smoothstep(trodden, .3, .8) * .8)
-    stone = srgb('rock') + .03 * broad[..., None] + .045 * spots
+    stone = lerp(srgb('rock'), srgb('rock_lit'), .45) + .03 * broad[..., None] + .045 * spots
     cliff = smoothstep(g.slope + .16 * broad, .85, 1.25) * smoothstep(g.inland, 3, 8)
     c = lerp(c, stone, cliff)
     return lerp(c, stone * 1.1, smoothstep(g.height + 2 * broad, 36, 43))
@@ -92,13 +106,13 @@ def ground(g):
 
 def bushes(g):
     r, out = g.random, []
-    wood, bare = g.noise(1.5, 60, 10, 61), clearing(g)
+    wood, bare, sand = g.noise(1.5, 60, 10, 61), clearing(g), beach(g)
     for _ in range(5200):
         x, y = (r.rand() - .5) * g.w, (r.rand() - .5) * g.h
         z, inland, slope = g.at(x, y)
         i, j = int((y + g.h / 2) * CELLS), int((x + g.w / 2) * CELLS)
         dense = wood[i, j] - 2.4 * bare[i, j]
-        if inland > 8 and slope < 1. and z < 42 and dense > -.35 and r.rand() < .6:
+        if inland > sand[i, j] and slope < 1. and z < 42 and dense > -.35 and r.rand() < .6:
             size = (1.3 + 1.5 * r.rand() ** 1.5) * (1.25 if dense > .9 else 1.)
             out.append('object{Bush%d scale <%.2f,%.2f,%.2f> rotate y*%d translate '
                        '<%.2f,%.2f,%.2f>}' % (r.randint(5), size, size * .9, size,
@@ -137,6 +151,6 @@ def make(work):
     g.colour = ground(g)
     plants = bushes(g) + palms(g) + settlement(g)
     water = barrier.sandy_shallows(
-        g, reach=20, pale=.7,
+        g, reach=25, pale=.7,
         lines=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
     return barrier.make(g, plants, work, water, edge=(30, 4., 4., 13.))
