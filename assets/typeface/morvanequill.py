@@ -29,7 +29,7 @@ MOST_ATTEMPTS = 20
 # FontForge's bits for 'validated' and for half-unit points, which TrueType implies.
 HARMLESS = 0x1 | 0x80000
 SPACE_WIDTH = 9 * spacing.PIXEL
-# How much of a fault in the white is mended; beside a low sign the white above it is meant.
+# How much of a fault in the white is mended. Beside a low sign the white above it is intentional.
 LETTER_KERNING, SIGN_KERNING = 0.74, 0.3
 # Capitals beside each other stand further apart than a capital before small letters.
 CAPITALS_APART = 0.6 * spacing.PIXEL

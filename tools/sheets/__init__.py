@@ -1,3 +1,3 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Contact sheets of the pictures, and figures measured on them."""
+"""Contact sheets of the pictures, and values measured on them."""

@@ -1,9 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Figures measured on the pictures of data/, beside the bars they are meant to reach."""
+"""Values measured on the pictures of data/, beside the bars they are meant to reach."""
 
 import io
 import time
+from pathlib import Path
 
 import numpy
 from PIL import Image
@@ -18,8 +19,7 @@ WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 SOLID = 250  # alpha; the densest foam stays below
 CANVAS, BLANK = 150, 242  # luma from which a pixel is canvas, and from which it is blank paper
-PICTURES = ("lod1", "voda", "prekazka1", "prekazka2", "prekazka3", "cball", "bar1", "bar2", "kruh",
-            "pozadie-lode3", "logo", "menu", "tlacitka", "brannoc4f", "presentsscreen1", "strela2")
+PICTURES = sorted(path.stem for path in (Path(__file__).parents[2] / "data").glob("*.png"))
 
 
 def luma(frame):
@@ -237,7 +237,7 @@ def eye_bars(artwork):
 
 
 def table(rows):
-    """A Markdown table of figures."""
+    """A Markdown table of values."""
     lines = ["| measured | value | bar | |", "|---|---|---|---|"]
     for what, value, bar, reached in rows:
         word = {True: "reached", False: "**missed**", None: ""}[reached]
