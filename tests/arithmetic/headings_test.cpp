@@ -68,7 +68,7 @@ TEST_F(HeadingsTest, turnsAddUpWithoutDrift) {
         for (int i = 0; i < turns; ++i) {
             battle.ship1->keyboard();
         }
-        letGo(key);
+        release(key);
         Keyboard::releaseKeys();
         const long double exact = 1.0L + (key == SDLK_a ? 1 : -1) * turns / 20.0L;
         EXPECT_NEAR(static_cast<double>(exact), battle.ship1->direction, 1e-8);
@@ -98,7 +98,7 @@ TEST_F(HeadingsTest, theHitBoxFollowsEveryReachableHeading) {
                 ++seen[phases.front()];
                 onTheLine += phases.size() > 1 ? 1 : 0;
             }
-            letGo(key);
+            release(key);
             Keyboard::releaseKeys();
         }
     }

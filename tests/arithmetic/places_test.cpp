@@ -177,9 +177,9 @@ TEST_F(PlacesTest, everyTileWithAWidthAndAHeightIsBlitted) {
     const auto blitsOf = [](int w, int h) {
         SDL_FreeSurface(imagePool["voda.png"]);
         addPicture("voda.png", w, h, waterColour);
-        const long before = countedBlits();
+        const long before = drawing.blits;
         const GameHandler battle;
-        return countedBlits() - before;
+        return drawing.blits - before;
     };
     EXPECT_EQ(blitsOf(325, 325), 16);      // four by four; the fifth of each has no pixel
     EXPECT_EQ(blitsOf(100, 325), 13 * 13); // all but the row that begins at the lower edge

@@ -36,7 +36,7 @@ void fumble(std::mt19937& dice) {
     if (dice() % 3 != 0) {
         press(key);
     } else {
-        letGo(key);
+        release(key);
     }
 }
 
@@ -138,7 +138,7 @@ TEST_F(VoyagesTest, whateverPlayersPressTheRulesHold) {
             jumps += watch.jumps;
         }
         for (SDLKey key : battleKeys) {
-            letGo(key);
+            release(key);
         }
         Keyboard::releaseKeys();
     }

@@ -7,7 +7,8 @@
 #include <cstdlib>
 
 #include "barrier.h"
-#include "keyboard.h"
+#include "gamedata.h"
+#include "keys.h"
 #include "main.h"
 
 void prepareGame() {
@@ -17,13 +18,8 @@ void prepareGame() {
     screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
     programDataPath = getDataPath();
     bool loaded = screen != nullptr;
-    for (const char* name : {"pozadie-lode3.png", "brannoc4f.png", "presentsscreen1.png",
-                             "bar1.png", "bar2.png", "kruh.png", "voda.png"}) {
-        loaded = loaded && loadImage(name, false) != nullptr;
-    }
-    for (const char* name : {"logo.png", "menu.png", "tlacitka.png", "lod1.png", "cball.png",
-                             "prekazka1.png", "prekazka2.png", "prekazka3.png"}) {
-        loaded = loaded && loadImage(name, true) != nullptr;
+    for (const PictureFile& file : pictureFiles) {
+        loaded = loaded && loadImage(file.name, file.hasAlpha) != nullptr;
     }
     if (!loaded) {
         std::fputs("The benchmark needs a display driver and the game's data.\n", stderr);
@@ -33,10 +29,7 @@ void prepareGame() {
 
 void holdBattleKeys() {
     for (SDLKey key : {SDLK_w, SDLK_a, SDLK_TAB, SDLK_UP, SDLK_LEFT, SDLK_RETURN}) {
-        SDL_Event event = {};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = key;
-        Keyboard::keyPress(&event);
+        press(key);
     }
 }
 

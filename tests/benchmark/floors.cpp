@@ -17,18 +17,12 @@
 #include <SDL_mixer.h>
 #include <SDL_ttf.h>
 
+#include "gamedata.h"
 #include "main.h"
 #include "samples.h"
 
 namespace {
 
-const char* const pictures[] = {
-    "logo.png",  "menu.png",      "tlacitka.png",  "pozadie-lode3.png",
-    "lod1.png",  "brannoc4f.png", "bar1.png",      "presentsscreen1.png",
-    "bar2.png",  "kruh.png",      "voda.png",      "strela2.png",
-    "cball.png", "prekazka1.png", "prekazka2.png", "prekazka3.png",
-};
-const char* const tracks[] = {"music1.mp3", "music2.mp3", "music3.mp3"};
 const int fontSize = 29;
 
 void require(bool success) {
@@ -66,26 +60,26 @@ double processorSeconds() {
 void measureDecoding() {
     startLibraries();
     const Clock::time_point start = Clock::now();
-    for (const char* name : pictures) {
-        SDL_Surface* picture = IMG_Load((programDataPath + name).c_str());
+    for (const PictureFile& file : pictureFiles) {
+        SDL_Surface* picture = IMG_Load((programDataPath + file.name).c_str());
         require(picture != nullptr);
         SDL_FreeSurface(picture);
     }
     const double picturesDone = microsecondsSince(start);
-    TTF_Font* font = TTF_OpenFont((programDataPath + "papyrus.ttf").c_str(), fontSize);
+    TTF_Font* font = TTF_OpenFont((programDataPath + fontFile).c_str(), fontSize);
     require(font != nullptr);
-    for (const char* name : tracks) {
+    for (const char* name : musicFiles) {
         require(Mix_LoadMUS((programDataPath + name).c_str()) != nullptr);
     }
-    printFigure("decode pictures", "ms", picturesDone / 1000);
-    printFigure("decode all files", "ms", microsecondsSince(start) / 1000);
+    printResult("decode pictures", "ms", picturesDone / 1000);
+    printResult("decode all files", "ms", microsecondsSince(start) / 1000);
 }
 
 void measureMemory() {
     startLibraries();
     std::vector<std::pair<int, int>> sizes = {{800, 600}}; // the intro's own picture
-    for (const char* name : pictures) {
-        SDL_Surface* picture = IMG_Load((programDataPath + name).c_str());
+    for (const PictureFile& file : pictureFiles) {
+        SDL_Surface* picture = IMG_Load((programDataPath + file.name).c_str());
         require(picture != nullptr);
         sizes.emplace_back(picture->w, picture->h);
         SDL_FreeSurface(picture);
@@ -95,15 +89,15 @@ void measureMemory() {
         require(surface != nullptr && SDL_FillRect(surface, nullptr, 1) == 0);
     }
     require(SDL_FillRect(screen, nullptr, 1) == 0 && SDL_Flip(screen) == 0);
-    require(TTF_OpenFont((programDataPath + "papyrus.ttf").c_str(), fontSize) != nullptr);
-    for (const char* name : tracks) {
+    require(TTF_OpenFont((programDataPath + fontFile).c_str(), fontSize) != nullptr);
+    for (const char* name : musicFiles) {
         Mix_Music* track = Mix_LoadMUS((programDataPath + name).c_str());
         require(track != nullptr);
-        if (name == tracks[0]) {
+        if (name == musicFiles[0]) {
             require(Mix_PlayMusic(track, -1) == 0);
         }
     }
-    printFigure("memory floor", "MB", residentMegabytes());
+    printResult("memory floor", "MB", residentMegabytes());
 }
 
 void measurePacing(int frames) {
@@ -126,7 +120,7 @@ void measurePacing(int frames) {
         }
     }
     const double share = (processorSeconds() - before) / (microsecondsSince(start) / 1e6);
-    printFigure("pacing steps alone", "% of a core", 100 * share);
+    printResult("pacing steps alone", "% of a core", 100 * share);
     printSamples("period of the pacing steps alone", "ms", periods);
     for (double& period : periods) {
         period = std::abs(period - 16);

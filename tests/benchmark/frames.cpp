@@ -86,11 +86,11 @@ long callsOfGame(const char* name, const std::function<void()>& frame, int frame
     const long byGame = after.byGame - before.byGame;
     const long converted = conversions() - conversionsBefore;
     const std::string prefix = name;
-    printFigure(prefix + " allocations by the game", "a frame",
+    printResult(prefix + " allocations by the game", "a frame",
                 static_cast<double>(byGame) / frames);
-    printFigure(prefix + " allocations by the libraries", "a frame",
+    printResult(prefix + " allocations by the libraries", "a frame",
                 static_cast<double>(after.byLibraries - before.byLibraries) / frames);
-    printFigure(prefix + " format conversions", "a frame", static_cast<double>(converted) / frames);
+    printResult(prefix + " format conversions", "a frame", static_cast<double>(converted) / frames);
     return byGame + converted;
 }
 

@@ -85,14 +85,6 @@ void repeatCalls() {
     }
 }
 
-long recordedBlits() {
-    long blits = 0;
-    for (const Call& call : calls) {
-        blits += call.kind == Kind::blit ? 1 : 0;
-    }
-    return blits;
-}
-
 long conversions() {
     return conversionCount;
 }

@@ -12,7 +12,6 @@ void recordCalls(bool on);
 void forgetCalls();
 // Makes the recorded calls again, in their order, with the rectangles they were given.
 void repeatCalls();
-long recordedBlits();
 
 // Calls that convert pixels from one format to another, and blits between surfaces whose colour
 // masks differ, since the start.

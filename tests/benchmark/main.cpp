@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// frame_benchmark PART [NUMBER]: measures one part and prints a line of JSON for each figure.
+// frame_benchmark PART [NUMBER]: measures one part and prints a line of JSON for each result.
 // Runs on the dummy drivers from a directory that holds data/.
 
 #include <cstdio>

@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 """Runs the benchmark's parts on every SDL 1.2 library and prints one page; also as JSON.
 
-Every ratio is taken from two figures of the same run of the same process, so that it holds on a
+Every ratio is taken from two results of the same run of the same process, so that it holds on a
 busy machine; the times themselves do not.
 """
 
@@ -22,6 +22,8 @@ import time
 from pathlib import Path
 from statistics import mean
 
+from gamerun import KEYS, choose, tap
+
 STARTS = 15
 PLAYED_FRAMES = 400
 FRAME = 16.0  # milliseconds
@@ -29,6 +31,11 @@ PACED_FRAMES = 10000
 DISTURBED_FRAMES = 1000
 HELD_UP = 40.0  # milliseconds, at least, of a frame that was held up
 SCREENS = ("menu", "battle", "help")
+# How each screen is reached: steps of a script, see tests/support/watch/script.h.
+TO_MENU = "frames=5 " + tap("escape") + "frames=5 "
+WAYS = {"intro": "", "menu": TO_MENU, "help": TO_MENU + choose(1),
+        "battle": TO_MENU + choose(0) + "frames=10 " + "".join(
+            f"down={KEYS[key]} " for key in ("w", "a", "up", "left"))}
 FLOORS = {
     "battle frame": ("battle bare copies", "battle frame's own blits",
                      "battle plain memory copies"),
@@ -62,7 +69,7 @@ class Bench:
         if path:
             self.environment["LD_LIBRARY_PATH"] = path
 
-    def figures(self, *part):
+    def results(self, *part):
         """What frame_benchmark prints for a part, by name."""
         done = subprocess.run([self.options.benchmark, *part], cwd=self.options.root,
                               env=self.environment, stdout=subprocess.PIPE, text=True,
@@ -74,11 +81,11 @@ class Bench:
         """Plays the real game and returns what it logged."""
         with tempfile.TemporaryDirectory() as scratch:
             log = Path(scratch) / "log"
-            environment = dict(self.environment, LD_PRELOAD=self.options.player,
-                               BENCHMARK_SCREEN=screen, BENCHMARK_FRAMES=str(frames),
-                               BENCHMARK_LOG=str(log))
+            environment = dict(self.environment, LD_PRELOAD=self.options.watch,
+                               MORVANE_SCRIPT=WAYS[screen] + f"frames={frames} quit",
+                               MORVANE_TIMES=str(log))
             if disturb:
-                environment["BENCHMARK_DISTURB"] = "1"
+                environment["MORVANE_DISTURB"] = "1"
             if display:
                 del environment["SDL_VIDEODRIVER"]
                 environment["DISPLAY"] = display
@@ -101,7 +108,7 @@ class Bench:
     def decoding_program(self):
         """Milliseconds for a program with the same libraries that decodes the files and ends."""
         start = time.monotonic()
-        self.figures("decoding")
+        self.results("decoding")
         return 1000 * (time.monotonic() - start)
 
     def share(self, screen, display=None):
@@ -155,31 +162,31 @@ def row(name, value, unit, ninety_nine=None):
 
 def report_frames(bench):
     """Frames, start, memory and share of a core."""
-    figures = {}
+    results = {}
     for part in ("battle", "menu", "intro", "construction", "allocations"):
-        figures.update(bench.figures(part))
-    for name, figure in figures.items():
-        row(name, figure["median"], figure["unit"], figure.get("p99"))
+        results.update(bench.results(part))
+    for name, result in results.items():
+        row(name, result["median"], result["unit"], result.get("p99"))
     ratios = {}
     for name, floors in FLOORS.items():
         for floor in floors:
-            median = figures[name]["median"] / figures[floor]["median"]
-            tail = figures[name]["p99"] / figures[floor]["p99"]
+            median = results[name]["median"] / results[floor]["median"]
+            tail = results[name]["p99"] / results[floor]["p99"]
             ratios[f"{name} / {floor}"] = {"median": median, "p99": tail}
             row(f"{name} / {floor}", median, "times", tail)
-    figures["ratios"] = ratios
-    report_start(bench, figures)
-    floor = bench.figures("memory")["memory floor"]["median"]
+    results["ratios"] = ratios
+    report_start(bench, results)
+    floor = bench.results("memory")["memory floor"]["median"]
     memory = bench.memory()
-    figures["memory"] = {"game": memory, "floor": floor}
+    results["memory"] = {"game": memory, "floor": floor}
     row("resident memory", memory, "MB")
     row("what is kept loaded, by itself", floor, "MB")
     row("memory / floor", memory / floor, "times")
-    report_shares(bench, figures)
-    return figures
+    report_shares(bench, results)
+    return results
 
 
-def report_start(bench, figures):
+def report_start(bench, results):
     """From the start of the process to the first flip, beside decoding the same files once.
 
     Linking the libraries that SDL_mixer and SDL_image bring is done before the game's first line,
@@ -187,7 +194,7 @@ def report_start(bench, figures):
     plays, decoding, programs = [], [], []
     for _ in range(STARTS):
         plays.append(bench.play("intro", 3))
-        decoding.append(bench.figures("decoding")["decode all files"]["median"])
+        decoding.append(bench.results("decoding")["decode all files"]["median"])
         programs.append(bench.decoding_program())
     parts = {"start to first frame": [play.start for play in plays],
              "linking before the first call": [play.linking for play in plays],
@@ -195,36 +202,36 @@ def report_start(bench, figures):
              "decoding the same files once": decoding,
              "a program that only decodes them": programs}
     for name, times in parts.items():
-        figures[name] = {"unit": "ms", "median": quantile(times, 0.5), "p99": quantile(times, 0.99)}
-        row(name, figures[name]["median"], "ms", figures[name]["p99"])
+        results[name] = {"unit": "ms", "median": quantile(times, 0.5), "p99": quantile(times, 0.99)}
+        row(name, results[name]["median"], "ms", results[name]["p99"])
     for name, floor in (("start to first frame", "decoding the same files once"),
                         ("first call to first frame", "decoding the same files once"),
                         ("start to first frame", "a program that only decodes them")):
-        ratio = figures[name]["median"] / figures[floor]["median"]
-        figures["ratios"][f"{name} / {floor}"] = {"median": ratio}
+        ratio = results[name]["median"] / results[floor]["median"]
+        results["ratios"][f"{name} / {floor}"] = {"median": ratio}
         row(f"{name} / {floor}", ratio, "times")
 
 
-def report_shares(bench, figures):
+def report_shares(bench, results):
     """The part of a core that each screen takes, without and with a display."""
-    pacing = bench.figures("pacing", "300")["pacing steps alone"]["median"]
+    pacing = bench.results("pacing", "300")["pacing steps alone"]["median"]
     row("pacing steps alone", pacing, "% of a core")
-    figures["share"] = {"pacing": pacing}
+    results["share"] = {"pacing": pacing}
     with virtual_display() as number:
         stages = {"dummy": None} if number is None else {"dummy": None, "Xvfb": number}
         for stage, display in stages.items():
             for screen in SCREENS:
                 share = bench.share(screen, display)
-                figures["share"][f"{screen} {stage}"] = share
+                results["share"][f"{screen} {stage}"] = share
                 row(f"{screen} at its own pace, {stage}", share, "% of a core")
 
 
 def report_growth(bench):
     """How the cost of a frame grows with barriers and with the world."""
-    figures = bench.figures("growth")
-    for name, figure in figures.items():
-        row(name, figure["median"], figure["unit"], figure["p99"])
-    return figures
+    results = bench.results("growth")
+    for name, result in results.items():
+        row(name, result["median"], result["unit"], result["p99"])
+    return results
 
 
 def report_instructions(bench):
@@ -244,21 +251,21 @@ def report_instructions(bench):
             found = re.findall(rf"^\s*([\d,]+).*:{re.escape(part)}\(", text, re.MULTILINE)
             count = int(found[0].replace(",", "")) if found else 0
             counts.setdefault(part, []).append(count)
-    figures = {}
+    results = {}
     for part, (few, many) in counts.items():
-        figures[part] = (many - few) / 200
-        row(part, figures[part], "instructions a frame")
-    return figures
+        results[part] = (many - few) / 200
+        row(part, results[part], "instructions a frame")
+    return results
 
 
 def report_pacing(bench):
     """The length of ten thousand frames of a real battle beside the waiting alone; and a battle in
     which frames are held up and events pour in."""
     frames = bench.play("battle", PACED_FRAMES).frames[100:]
-    figures = bench.figures("pacing", str(PACED_FRAMES))
-    figures["battle"] = describe_periods("a battle", periods_of(frames))
+    results = bench.results("pacing", str(PACED_FRAMES))
+    results["battle"] = describe_periods("a battle", periods_of(frames))
     for name in ("period of the pacing steps alone", "their distance from 16 ms"):
-        row(name, figures[name]["median"], "ms", figures[name]["p99"])
+        row(name, results[name]["median"], "ms", results[name]["p99"])
     disturbed = bench.play("battle", DISTURBED_FRAMES, disturb=True)
     periods = periods_of(disturbed.frames)
     after = [periods[i + 1] for i, period in enumerate(periods[:-1]) if period > HELD_UP]
@@ -266,14 +273,14 @@ def report_pacing(bench):
         sys.exit("no frame was late, although every 50th was held up")
     if disturbed.events_waiting == 0:
         sys.exit("no event ever waited, although a hundred were sent to every frame")
-    figures["disturbed"] = {"late": len(after), "shortest after": min(after),
+    results["disturbed"] = {"late": len(after), "shortest after": min(after),
                             "events waiting": disturbed.events_waiting,
                             "events left": disturbed.events_left}
     row("frames held up for 40 ms", len(after), "")
     row("shortest frame after one of them", min(after), "ms")
     row("events waiting for a frame", disturbed.events_waiting, "at most")
     row("events left over by one", disturbed.events_left, "at most")
-    return figures
+    return results
 
 
 def periods_of(starts):
@@ -283,22 +290,22 @@ def periods_of(starts):
 def describe_periods(name, periods):
     """Prints and returns how even the frames were."""
     distances = [abs(period - FRAME) for period in periods]
-    figures = {"frames": len(periods), "median": quantile(periods, 0.5), "mean": mean(periods),
+    results = {"frames": len(periods), "median": quantile(periods, 0.5), "mean": mean(periods),
                "p99": quantile(periods, 0.99), "shortest": min(periods), "longest": max(periods),
                "distance p50": quantile(distances, 0.5), "distance p99": quantile(distances, 0.99)}
     row(f"frames of {name}", len(periods), "")
-    row(f"period of {name}", figures["median"], "ms", figures["p99"])
-    row("mean", figures["mean"], "ms")
-    row("shortest", figures["shortest"], "ms")
-    row("longest", figures["longest"], "ms")
-    row("distance from 16 ms", figures["distance p50"], "ms", figures["distance p99"])
-    return figures
+    row(f"period of {name}", results["median"], "ms", results["p99"])
+    row("mean", results["mean"], "ms")
+    row("shortest", results["shortest"], "ms")
+    row("longest", results["longest"], "ms")
+    row("distance from 16 ms", results["distance p50"], "ms", results["distance p99"])
+    return results
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("part", choices=("frames", "growth", "instructions", "pacing"))
-    for name in ("benchmark", "player", "binary", "root", "json"):
+    for name in ("benchmark", "watch", "binary", "root", "json"):
         parser.add_argument(f"--{name}", required=True)
     parser.add_argument("--library", action="append", default=[], help="NAME=PATH")
     options = parser.parse_args()

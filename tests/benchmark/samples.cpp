@@ -21,7 +21,7 @@ void printSamples(const std::string& name, const char* unit, const std::vector<d
                 name.c_str(), unit, quantile(values, 0.5), quantile(values, 0.99));
 }
 
-void printFigure(const std::string& name, const char* unit, double value) {
+void printResult(const std::string& name, const char* unit, double value) {
     std::printf(R"({"name": "%s", "unit": "%s", "median": %.3f})"
                 "\n",
                 name.c_str(), unit, value);

@@ -17,5 +17,5 @@ double quantile(std::vector<double> values, double part);
 // Prints one line of JSON: the name, the unit, the median and the 99th percentile.
 void printSamples(const std::string& name, const char* unit, const std::vector<double>& values);
 
-// The same with a single figure.
-void printFigure(const std::string& name, const char* unit, double value);
+// The same with a single number.
+void printResult(const std::string& name, const char* unit, double value);

@@ -4,25 +4,22 @@
 
 import fcntl
 import shutil
-import sys
 from dataclasses import dataclass
 from pathlib import Path
 
 import pytest
 
+import gamerun
+import smalldata
+
 PROJECT = Path(__file__).resolve().parents[2]
 DATA = PROJECT / "data"
-sys.path.insert(0, str(PROJECT / "assets/music"))
-
-# pylint: disable=wrong-import-position
-import gamerun  # noqa: E402
-import smalldata  # noqa: E402
 
 
 def pytest_addoption(parser):
     parser.addoption("--binary", default=str(PROJECT / "build/test/morvane"))
     parser.addoption("--watch", required=True, help="the library that watches the calls")
-    parser.addoption("--figures", help="a file to add counts to, as lines of name and value")
+    parser.addoption("--counts", help="a file to add counts to, as lines of name and value")
     parser.addoption("--sdl", help="the SDL library it must be: classic or compat")
     parser.addoption("--thread-binary", help="the program built with the thread sanitizer")
     parser.addoption("--long", action="store_true", help="play the long session")
@@ -63,20 +60,20 @@ def directory_to_start_in(tmp_path_factory):
 
 
 @pytest.fixture(scope="session", name="report")
-def figures(request):
+def counts(request):
     """Prints a count, and keeps it for later reports."""
     options = request.config.option
 
     def add(name, value):
         full_name = f"faults.{name}.{gamerun.sdl_library(options.binary)}"
         print(full_name, value)
-        if options.figures:
-            keep_figure(Path(options.figures), full_name, value)
+        if options.counts:
+            keep_count(Path(options.counts), full_name, value)
 
     return add
 
 
-def keep_figure(file, name, value):
+def keep_count(file, name, value):
     """Puts it in the place of what an earlier run counted; tests may do so at the same time."""
     with open(file, "a+", encoding="utf-8") as stream:
         fcntl.flock(stream, fcntl.LOCK_EX)

@@ -188,3 +188,88 @@ def test_units_are_small():
     lengths = sorted(len(path.read_text().splitlines()) for path in SOURCES)
     assert lengths[len(lengths) // 2] <= 70
     assert lengths[len(lengths) * 9 // 10] < LONG_FILE
+
+
+# Folders of tests
+
+TEST_FOLDERS = sorted(path.name for path in (PROJECT / "tests").iterdir() if path.is_dir()
+                      and path.name not in ("support", "web"))
+IMPORTING = re.compile(r'^#include "([^"]+)"|^(?:from|import) (\w+)', re.M)
+
+
+def borrowed(text, own, others):
+    """What a test includes or imports that only another folder of tests has."""
+    names = [header or f"{module}.py" for header, module in IMPORTING.findall(text)]
+    reaching = re.findall(r'^#include "(\.\./[^"]+)"', text, re.M)
+    return [name for name in names if name in others and name not in own] + reaching
+
+
+def test_no_folder_of_tests_uses_the_files_of_another():
+    files = {folder: {path.name for path in (PROJECT / "tests" / folder).rglob("*")}
+             for folder in (*TEST_FOLDERS, "support")}
+    src = {path.name for path in SOURCES}
+    offenders = []
+    for folder in TEST_FOLDERS:
+        own = files[folder] | files["support"] | src
+        others = set().union(*files.values())
+        for path in (PROJECT / "tests" / folder).iterdir():
+            if path.suffix in (".cpp", ".h", ".py") and path != Path(__file__):
+                offenders += [f"{folder}/{path.name}: {name}"
+                              for name in borrowed(path.read_text(), own, others)]
+    assert offenders == []
+
+
+def test_a_borrowed_file_is_noticed():
+    others = {"battle.h", "calls_test.py"}
+    assert borrowed('#include "battle.h"\nimport re\n', {"battle.h"}, others) == []
+    assert borrowed('#include "battle.h"\nfrom calls_test import x\n', set(), others) == [
+        "battle.h", "calls_test.py"]
+    assert borrowed('#include "../unit/battle.h"\n', set(), others) == ["../unit/battle.h"]
+
+
+def test_tests_import_from_the_places_in_one_file():
+    tests = [path for path in files_of_the_project() if path.suffix == ".py"
+             and PROJECT / "tests" in path.parents and path != Path(__file__)]
+    assert [path.name for path in tests if "sys.path" in path.read_text()] == []
+
+
+def test_events_are_replaced_in_three_places_at_most():
+    stand_in = re.compile(r"^int (?:__wrap_)?SDL_PollEvent\([^)]*\) \{", re.M)
+    files = [path for path in files_of_the_project() if path.suffix in (".cpp", ".c")]
+    found = [path.name for path in files if stand_in.search(path.read_text())]
+    assert len(found) <= 3 and "callwatch.cpp" in found, found
+
+
+def other_names(names):
+    """Files of Python tests whose names do not end like all others."""
+    return [name for name in names if re.match(r"test_|.*_tests", name)]
+
+
+def test_files_of_python_tests_have_one_form_of_name():
+    names = [path.name for path in files_of_the_project() if path.suffix == ".py"]
+    assert len([name for name in names if name.endswith("_test.py")]) > 20
+    assert other_names(names) == []
+
+
+def test_another_form_of_name_is_noticed():
+    assert other_names(["menu_test.py", "test_menu.py"]) == ["test_menu.py"]
+
+
+def doubled_suites(texts):
+    """Suites of GoogleTest that more than one file defines."""
+    files = {}
+    for name, text in texts.items():
+        for suite in set(re.findall(r"^TEST(?:_[FP])?\((\w+),", text, re.M)):
+            files.setdefault(suite, []).append(name)
+    return {suite: names for suite, names in files.items() if len(names) > 1}
+
+
+def test_every_suite_is_in_one_file():
+    texts = {str(path): path.read_text() for path in (PROJECT / "tests").rglob("*_test.cpp")}
+    assert len(texts) > 30
+    assert doubled_suites(texts) == {}
+
+
+def test_a_suite_in_two_files_is_noticed():
+    assert doubled_suites({"a": "TEST(MenuTest, b) {", "c": "TEST_F(MenuTest, d) {"}) == {
+        "MenuTest": ["a", "c"]}

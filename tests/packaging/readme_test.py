@@ -9,17 +9,12 @@ import os
 import re
 import signal
 import subprocess
-import sys
 import time
 
 import pytest
 
 from conftest import PROJECT
-
-sys.path.insert(0, str(PROJECT / "tools"))
-
-# pylint: disable=wrong-import-position
-from robots.stage import VirtualDisplay  # noqa: E402
+from robots.stage import VirtualDisplay
 
 PAGES = ("README.md", "CONTRIBUTING.md", "docs/first-change.md")
 DRAWING_TIME = 1  # seconds that the game is left to itself
@@ -39,7 +34,7 @@ ELSEWHERE = {
     "cpack --config CPackSourceConfig.cmake":
         ("tests/packaging/install_test.py", r'"--config", "CPackSourceConfig\.cmake"\)$'),
     "tools/partner left brisk":
-        ("tests/system/test_partner.py", r'^PARTNER = "tools/partner"$'),
+        ("tests/system/partner_test.py", r'^PARTNER = "tools/partner"$'),
     "dpkg-buildpackage --no-sign": ("packaging/check", r"dpkg-buildpackage --no-sign"),
 }
 # Of the contributors' pages only: takes drawing tools that the tests do without. What it is told to

@@ -8,7 +8,7 @@
 #include <SDL.h>
 
 #include "clipping.h"
-#include "owndice.h"
+#include "testrandom.h"
 
 namespace {
 
@@ -20,12 +20,12 @@ SDL_Surface* surfaceOf(int w, int h) {
 }
 
 // Around and over the edges of a surface.
-SDL_Rect randomRect(OwnDice& dice, const SDL_Surface& surface) {
+SDL_Rect randomRect(TestRandom& random, const SDL_Surface& surface) {
     SDL_Rect rect;
-    rect.x = static_cast<Sint16>(dice.below(3 * surface.w) - surface.w);
-    rect.y = static_cast<Sint16>(dice.below(3 * surface.h) - surface.h);
-    rect.w = static_cast<Uint16>(dice.below(2 * surface.w));
-    rect.h = static_cast<Uint16>(dice.below(2 * surface.h));
+    rect.x = static_cast<Sint16>(random.below(3 * surface.w) - surface.w);
+    rect.y = static_cast<Sint16>(random.below(3 * surface.h) - surface.h);
+    rect.w = static_cast<Uint16>(random.below(2 * surface.w));
+    rect.h = static_cast<Uint16>(random.below(2 * surface.h));
     return rect;
 }
 
@@ -62,10 +62,11 @@ public:
     long different = 0;
 };
 
-void compareBlits(OwnDice& dice, SDL_Surface* source, SDL_Surface* target, Comparison& comparison) {
-    SDL_Rect part = randomRect(dice, *source);
-    SDL_Rect* read = dice.chance(50) ? &part : nullptr;
-    const SDL_Rect place = randomRect(dice, *target);
+void compareBlits(TestRandom& random, SDL_Surface* source, SDL_Surface* target,
+                  Comparison& comparison) {
+    SDL_Rect part = randomRect(random, *source);
+    SDL_Rect* read = random.chance(50) ? &part : nullptr;
+    const SDL_Rect place = randomRect(random, *target);
     SDL_Rect library = place;
     SDL_Rect standIn = place;
     SDL_BlitSurface(source, read, target, &library);
@@ -73,8 +74,8 @@ void compareBlits(OwnDice& dice, SDL_Surface* source, SDL_Surface* target, Compa
     comparison.compare("blit", place, library, standIn);
 }
 
-void compareFills(OwnDice& dice, SDL_Surface* target, Comparison& comparison) {
-    const SDL_Rect place = randomRect(dice, *target);
+void compareFills(TestRandom& random, SDL_Surface* target, Comparison& comparison) {
+    const SDL_Rect place = randomRect(random, *target);
     SDL_Rect library = place;
     SDL_Rect standIn = place;
     SDL_FillRect(target, &library, 0);
@@ -84,19 +85,19 @@ void compareFills(OwnDice& dice, SDL_Surface* target, Comparison& comparison) {
 
 } // namespace
 
-bool clipsLikeTheLibrary(Figures& figures) {
+bool clipsLikeTheLibrary(Counts& counts) {
     SDL_Init(SDL_INIT_VIDEO);
     SDL_Surface* source = surfaceOf(40, 30);
     SDL_Surface* target = surfaceOf(100, 70);
-    OwnDice dice(1);
+    TestRandom random(1);
     Comparison comparison;
     for (int i = 0; i < rectangles; ++i) {
-        compareBlits(dice, source, target, comparison);
-        compareFills(dice, target, comparison);
+        compareBlits(random, source, target, comparison);
+        compareFills(random, target, comparison);
     }
     SDL_FreeSurface(source);
     SDL_FreeSurface(target);
     SDL_Quit();
-    figures["clipped_rectangles"] = comparison.done;
+    counts["clipped_rectangles"] = comparison.done;
     return comparison.different == 0;
 }

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "figures.h"
+#include "counts.h"
 
 // Compares the rectangles that the clipping stand-in writes back with those of the library's own
 // blit and fill, on many random rectangles. Returns true when all were equal.
-bool clipsLikeTheLibrary(Figures& figures);
+bool clipsLikeTheLibrary(Counts& counts);

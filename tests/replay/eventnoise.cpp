@@ -14,15 +14,15 @@ const int modifiers[] = {KMOD_LSHIFT, KMOD_RSHIFT, KMOD_LCTRL, KMOD_RCTRL, KMOD_
 
 } // namespace
 
-// Not the player's own dice, whose numbers decide what it does.
-EventNoise::EventNoise(std::uint64_t seed) : dice(~seed) {}
+// Not the player's own generator, whose numbers decide what it does.
+EventNoise::EventNoise(std::uint64_t seed) : random(~seed) {}
 
 std::vector<SDL_Event> EventNoise::addTo(std::vector<SDL_Event> events) {
     for (SDL_Event& event : events) {
         event = fill(event);
     }
-    if (dice.below(framesBetweenBursts) == 0) {
-        const int before = dice.below(static_cast<int>(events.size()) + 1);
+    if (random.below(framesBetweenBursts) == 0) {
+        const int before = random.below(static_cast<int>(events.size()) + 1);
         std::vector<SDL_Event> burst;
         for (int i = 0; i < eventsOfBurst; ++i) {
             burst.push_back(anyOther());
@@ -38,25 +38,25 @@ SDL_Event EventNoise::fill(SDL_Event event) {
     case SDL_KEYUP: {
         int held = KMOD_NONE;
         for (const int modifier : modifiers) {
-            held |= dice.chance(20) ? modifier : KMOD_NONE;
+            held |= random.chance(20) ? modifier : KMOD_NONE;
         }
-        event.key.which = static_cast<Uint8>(dice.below(256));
+        event.key.which = static_cast<Uint8>(random.below(256));
         event.key.keysym.mod = static_cast<SDLMod>(held);
-        event.key.keysym.scancode = static_cast<Uint8>(dice.below(256));
-        event.key.keysym.unicode = static_cast<Uint16>(dice.below(0x10000));
+        event.key.keysym.scancode = static_cast<Uint8>(random.below(256));
+        event.key.keysym.unicode = static_cast<Uint16>(random.below(0x10000));
         break;
     }
     case SDL_MOUSEMOTION:
-        event.motion.which = static_cast<Uint8>(dice.below(256));
-        event.motion.state = static_cast<Uint8>(dice.below(256));
-        event.motion.xrel = static_cast<Sint16>(dice.below(1600) - 800);
-        event.motion.yrel = static_cast<Sint16>(dice.below(1200) - 600);
+        event.motion.which = static_cast<Uint8>(random.below(256));
+        event.motion.state = static_cast<Uint8>(random.below(256));
+        event.motion.xrel = static_cast<Sint16>(random.below(1600) - 800);
+        event.motion.yrel = static_cast<Sint16>(random.below(1200) - 600);
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
-        event.button.which = static_cast<Uint8>(dice.below(256));
-        event.button.x = static_cast<Uint16>(dice.below(800));
-        event.button.y = static_cast<Uint16>(dice.below(600));
+        event.button.which = static_cast<Uint8>(random.below(256));
+        event.button.x = static_cast<Uint16>(random.below(800));
+        event.button.y = static_cast<Uint16>(random.below(600));
         break;
     default:
         break;
@@ -66,7 +66,7 @@ SDL_Event EventNoise::fill(SDL_Event event) {
 
 // Leaves every screen as it is, but that the pointer above the menu's buttons takes their focus.
 SDL_Event EventNoise::anyOther() {
-    switch (dice.below(6)) {
+    switch (random.below(6)) {
     case 0:
         return otherEvent(SDL_ACTIVEEVENT);
     case 1:
@@ -74,12 +74,12 @@ SDL_Event EventNoise::anyOther() {
     case 2:
         return otherEvent(SDL_VIDEOEXPOSE);
     case 3:
-        return fill(mouseButton(SDL_MOUSEBUTTONDOWN, 1 + dice.below(5)));
+        return fill(mouseDown(1 + random.below(5)));
     case 4:
-        return fill(keyUp(SDLK_F1 + dice.below(15)));
+        return fill(keyUp(SDLK_F1 + random.below(15)));
     default: {
-        const int y = dice.below(100);
-        return fill(mouseMotion(dice.below(800), y));
+        const int y = random.below(100);
+        return fill(mouseMotion(random.below(800), y));
     }
     }
 }

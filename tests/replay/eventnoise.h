@@ -8,7 +8,7 @@
 
 #include <SDL.h>
 
-#include "owndice.h"
+#include "testrandom.h"
 
 // Adds to a player's events what must not matter: the fields that no rule reads, such as held
 // modifiers, scancodes, characters and mouse buttons, and now and then a hundred other events.
@@ -23,5 +23,5 @@ private:
     SDL_Event fill(SDL_Event event);
     SDL_Event anyOther();
 
-    OwnDice dice;
+    TestRandom random;
 };

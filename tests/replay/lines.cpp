@@ -23,6 +23,11 @@ std::vector<std::string> readLines(const std::string& file) {
     return splitLines(text.str());
 }
 
+void report(const std::string& text) {
+    std::fputs(text.c_str(), stdout);
+    std::fflush(stdout);
+}
+
 void writeLines(const std::string& file, const std::vector<std::string>& lines) {
     std::ofstream stream(file);
     for (const std::string& line : lines) {

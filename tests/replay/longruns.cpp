@@ -12,7 +12,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include "child.h"
+#include "drawing.h"
 #include "eventnoise.h"
 #include "events.h"
 #include "fixedclock.h"
@@ -63,7 +63,7 @@ public:
         if (longRun.watched) {
             // The sea is built in a frame of the menu; drawing those makes its memory resident in
             // every duel, so that measures can be compared.
-            surroundings.movesPixels = !atSea || frame % drawnEvery == 0;
+            drawing.movesPixels = !atSea || frame % drawnEvery == 0;
         }
         return frame < longRun.frames ? noise.addTo(player.play(frame))
                                       : std::vector<SDL_Event>{otherEvent(SDL_QUIT)};
@@ -80,7 +80,7 @@ public:
         measure(frame);
     }
 
-    // A line for each figure.
+    // A line for each count.
     std::string summary() const {
         std::ostringstream lines;
         lines << "frames " << record.frames << "\nduels " << duels << "\nmeasures " << measures
@@ -131,12 +131,12 @@ private:
 
 } // namespace
 
-bool surviveLongRun(const LongRun& longRun, Figures& figures) {
-    const Report result = runInCopy([&] {
+bool surviveLongRun(const LongRun& longRun, Counts& counts) {
+    const Outcome result = runReplay([&] {
         Marathon marathon(longRun);
         surroundings.conductor = &marathon;
-        fixedSeconds = longRun.seed;
-        surroundings.showsPixels = !longRun.watched;
+        stopClock(longRun.seed);
+        drawing.showsPixels = !longRun.watched;
         if (longRun.watched) {
             alarm(0); // a night is long
         }
@@ -144,16 +144,16 @@ bool surviveLongRun(const LongRun& longRun, Figures& figures) {
         report(marathon.summary());
         return longRun.watched && marathon.grew() ? 1 : status;
     });
-    for (const std::string& line : splitLines(result.text)) {
+    for (const std::string& line : splitLines(result.out)) {
         char name[64] = "";
         long value = 0;
         if (std::sscanf(line.c_str(), "%63s %ld", name, &value) == 2 &&
             (longRun.watched || line.find("frames") == 0 || line.find("duels") == 0)) {
-            figures[std::string(longRun.watched ? "night_" : "monkey_") + name] = value;
+            counts[std::string(longRun.watched ? "night_" : "monkey_") + name] = value;
         }
     }
-    const long frames = figures[longRun.watched ? "night_frames" : "monkey_frames"];
+    const long frames = counts[longRun.watched ? "night_frames" : "monkey_frames"];
     std::printf("The run ended with status %d.\n", result.status);
-    const bool measured = !longRun.watched || figures["night_measures"] > 1;
+    const bool measured = !longRun.watched || counts["night_measures"] > 1;
     return result.status == 0 && measured && frames == longRun.frames + 1;
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "figures.h"
+#include "counts.h"
 
 // A seeded player that plays on and on, from duel to duel.
 struct LongRun {
@@ -13,4 +13,4 @@ struct LongRun {
 };
 
 // Returns true when the game went through it and, where watched, did not grow.
-bool surviveLongRun(const LongRun& longRun, Figures& figures);
+bool surviveLongRun(const LongRun& longRun, Counts& counts);

@@ -32,13 +32,13 @@ Style styleFrom(int percent) {
 } // namespace
 
 SeededPlayer::SeededPlayer(std::uint64_t seed, Style playerStyle)
-    : style(playerStyle), dice(seed), releaseFrame(0), nextAction(0), introPatience(0) {
-    introPatience = dice.below(10);
+    : style(playerStyle), random(seed), releaseFrame(0), nextAction(0), introPatience(0) {
+    introPatience = random.below(10);
 }
 
 SeededPlayer::SeededPlayer(std::uint64_t seed) : SeededPlayer(seed, Style::masher) {
-    style = styleFrom(dice.below(100));
-    if (style == Style::wanderer && dice.chance(20)) {
+    style = styleFrom(random.below(100));
+    if (style == Style::wanderer && random.chance(20)) {
         introPatience = 610; // sees the intro to its end
     }
 }
@@ -69,16 +69,16 @@ void SeededPlayer::releaseAll() {
 }
 
 void SeededPlayer::releaseButton(int button) {
-    if (dice.chance(70)) {
-        events.push_back(mouseButton(SDL_MOUSEBUTTONDOWN, button));
+    if (random.chance(70)) {
+        events.push_back(mouseDown(button));
     }
-    events.push_back(mouseButton(SDL_MOUSEBUTTONUP, button));
+    events.push_back(mouseUp(button));
 }
 
 // The order in which arguments are evaluated is the compiler's choice, so y is picked before.
 void SeededPlayer::pointWithin(SDL_Rect area) {
-    const int y = area.y + dice.below(area.h);
-    events.push_back(mouseMotion(area.x + dice.below(area.w), y));
+    const int y = area.y + random.below(area.h);
+    events.push_back(mouseMotion(area.x + random.below(area.w), y));
 }
 
 void SeededPlayer::letGo(int frame) {
@@ -97,8 +97,8 @@ std::vector<SDL_Event> SeededPlayer::play(int frame) {
     if (frame < nextAction) {
         return events;
     }
-    nextAction = frame + 1 + dice.below(6);
-    releaseFrame = frame + dice.below(4);
+    nextAction = frame + 1 + random.below(6);
+    releaseFrame = frame + random.below(4);
     if (dynamic_cast<IntroScreen*>(activeProgramMode) != nullptr) {
         skipIntro(frame);
     } else if (dynamic_cast<MainMenu*>(activeProgramMode) != nullptr) {
@@ -114,16 +114,16 @@ std::vector<SDL_Event> SeededPlayer::play(int frame) {
 void SeededPlayer::skipIntro(int frame) {
     if (frame < introPatience) {
         pointWithin({0, 0, 800, 600});
-    } else if (dice.chance(50)) {
-        press(SDLK_ESCAPE + dice.below(60));
+    } else if (random.chance(50)) {
+        press(SDLK_ESCAPE + random.below(60));
     } else {
-        releaseButton(1 + dice.below(5));
+        releaseButton(1 + random.below(5));
     }
 }
 
 void SeededPlayer::useMenu(int frame) {
     if (staying) {
-        style = styleFrom(dice.below(100));
+        style = styleFrom(random.below(100));
         if (dynamic_cast<MainMenu*>(activeProgramMode)->focusedButton == quitButton) {
             press(SDLK_UP);
             return;
@@ -140,25 +140,25 @@ void SeededPlayer::useMenu(int frame) {
 
 void SeededPlayer::wander() {
     const int keys[] = {SDLK_UP, SDLK_DOWN, SDLK_RETURN, SDLK_SPACE, SDLK_RIGHT, SDLK_w};
-    const int choice = dice.below(20);
+    const int choice = random.below(20);
     if (choice < 12) {
         press(keys[choice / 2]);
     } else if (choice < 15) {
         pointWithin({290, 260, 220, 220});
     } else if (choice < 19 || staying) {
-        releaseButton(1 + dice.below(5));
+        releaseButton(1 + random.below(5));
     } else {
-        press(dice.chance(50) ? SDLK_ESCAPE : SDLK_q);
+        press(random.chance(50) ? SDLK_ESCAPE : SDLK_q);
     }
 }
 
 void SeededPlayer::chooseBattle() {
     const auto* menu = dynamic_cast<MainMenu*>(activeProgramMode);
-    const int choice = dice.below(4);
+    const int choice = random.below(4);
     if (menu->focusedButton > 0) {
         press(SDLK_UP);
     } else if (choice == 0) {
-        press(dice.chance(50) ? SDLK_RETURN : SDLK_SPACE);
+        press(random.chance(50) ? SDLK_RETURN : SDLK_SPACE);
     } else if (choice == 1) {
         releaseButton(SDL_BUTTON_LEFT);
     } else if (choice == 2 && menu->focusedButton < 0) {
@@ -170,17 +170,17 @@ void SeededPlayer::chooseBattle() {
 
 void SeededPlayer::leaveText() {
     const int keys[] = {SDLK_ESCAPE, SDLK_RETURN, SDLK_SPACE, SDLK_x, SDLK_UP};
-    if (dice.chance(70)) {
-        press(keys[dice.below(5)]);
+    if (random.chance(70)) {
+        press(keys[random.below(5)]);
     } else {
-        releaseButton(1 + dice.below(5));
+        releaseButton(1 + random.below(5));
     }
 }
 
 void SeededPlayer::leaveGameOver() {
     const int keys[] = {SDLK_ESCAPE, SDLK_RETURN, SDLK_SPACE, SDLK_TAB};
-    press(keys[dice.below(4)]);
-    if (dice.chance(20)) {
+    press(keys[random.below(4)]);
+    if (random.chance(20)) {
         releaseButton(SDL_BUTTON_LEFT);
     }
 }

@@ -9,7 +9,7 @@
 
 #include <SDL.h>
 
-#include "owndice.h"
+#include "testrandom.h"
 
 class GameHandler;
 class PlayerShip;
@@ -65,7 +65,7 @@ private:
     Wishes hunt(const PlayerShip& own, const PlayerShip& enemy, int distance);
     Wishes mash(Wishes wishes);
 
-    OwnDice dice;
+    TestRandom random;
     std::set<int> held;
     std::vector<SDL_Event> events;
     Wishes current[2];

@@ -36,7 +36,7 @@ void SeededPlayer::duel(const GameHandler& battle) {
         hold(keys.left, wishes.left);
         hold(keys.right, wishes.right);
         hold(keys.forward, wishes.forward);
-        hold(dice.chance(50) ? keys.fire : keys.otherFire, wishes.fire);
+        hold(random.chance(50) ? keys.fire : keys.otherFire, wishes.fire);
         if (!wishes.fire) {
             hold(keys.fire, false);
             hold(keys.otherFire, false);
@@ -44,11 +44,11 @@ void SeededPlayer::duel(const GameHandler& battle) {
         hold(keys.teleport, wishes.teleport);
         current[i] = wishes;
     }
-    if (dice.below(40) == 0) {
+    if (random.below(40) == 0) {
         fidget();
     }
     const int frames = staying ? 2000 : 20000; // between giving up, on average
-    if (dice.below(style == Style::wanderer ? 60 : frames) == 0) {
+    if (random.below(style == Style::wanderer ? 60 : frames) == 0) {
         press(SDLK_ESCAPE);
         release(SDLK_ESCAPE);
     }
@@ -57,8 +57,8 @@ void SeededPlayer::duel(const GameHandler& battle) {
 // What must not matter, or only as the key table has it.
 void SeededPlayer::fidget() {
     const int keys[] = {SDLK_s, SDLK_DOWN, SDLK_LSHIFT, SDLK_UNKNOWN, SDLK_F1, SDLK_LAST - 1};
-    const int key = keys[dice.below(6)];
-    switch (dice.below(6)) {
+    const int key = keys[random.below(6)];
+    switch (random.below(6)) {
     case 0:
         press(key);
         release(key);
@@ -93,14 +93,14 @@ SeededPlayer::Wishes SeededPlayer::wishesFor(const PlayerShip& own, const Player
         if (own.playerId == 1) {
             return hunt(own, enemy, huntingDistance);
         }
-        wishes.forward = dice.chance(5);
-        wishes.left = dice.chance(3);
+        wishes.forward = random.chance(5);
+        wishes.left = random.chance(3);
         return wishes;
     case Style::twoHunters:
         return hunt(own, enemy, huntingDistance);
     case Style::rammer:
         wishes = hunt(own, enemy, 0);
-        wishes.teleport = dice.below(300) == 0;
+        wishes.teleport = random.below(300) == 0;
         return wishes;
     default:
         return mash(wishes);
@@ -118,17 +118,17 @@ SeededPlayer::Wishes SeededPlayer::hunt(const PlayerShip& own, const PlayerShip&
     wishes.left = aside > 10 || (ahead < 0 && aside >= 0);
     wishes.right = !wishes.left && (aside < -10 || ahead < 0);
     wishes.forward = ahead > distance;
-    wishes.fire = ahead > 0 && std::abs(aside) < 40 && !dice.chance(2);
-    wishes.teleport = own.hp <= 15 && dice.below(200) == 0;
+    wishes.fire = ahead > 0 && std::abs(aside) < 40 && !random.chance(2);
+    wishes.teleport = own.hp <= 15 && random.below(200) == 0;
     return wishes;
 }
 
 SeededPlayer::Wishes SeededPlayer::mash(Wishes wishes) {
     bool* const all[] = {&wishes.left, &wishes.right, &wishes.forward, &wishes.fire};
-    const int key = dice.below(40);
+    const int key = random.below(40);
     if (key < 4) {
         *all[key] = !*all[key];
     }
-    wishes.teleport = dice.below(150) == 0;
+    wishes.teleport = random.below(150) == 0;
     return wishes;
 }

@@ -25,7 +25,3 @@ public:
 private:
     int interval;
 };
-
-// Makes the game run in the replay surroundings, from its beginning; returns its
-// result. The pictures are the name of one of the replays' two sets.
-int runGame(const char* pictures);

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "clippingcheck.h"
-#include "figures.h"
+#include "counts.h"
 #include "longruns.h"
 #include "scripts.h"
 #include "seeds.h"
@@ -22,9 +22,9 @@ int numberOf(const std::string& word) {
     return std::atoi(word.c_str());
 }
 
-int useWrongly() {
+int printUsage() {
     std::fputs(
-        "usage: replay [--figures FILE] COMMAND\n"
+        "usage: replay [--counts FILE] COMMAND\n"
         "  scripts [NAME]            replay the written scripts\n"
         "  scripts-undrawn [NAME]    the same without moving a pixel\n"
         "  seeds FIRST STEP          replay the scripts of every STEP-th seed\n"
@@ -54,22 +54,22 @@ void show(const Words& words) {
 }
 
 // Returns the exit status.
-int run(const Words& words, Figures& figures) {
+int run(const Words& words, Counts& counts) {
     const std::string command = words.empty() ? "" : words[0];
     const std::string name = words.size() > 1 ? words[1] : "";
     const bool hasTwo = words.size() > 2;
     bool good = true;
     if (command == "scripts" || command == "scripts-undrawn") {
-        good = replayScripts(name, command == "scripts", figures);
+        good = replayScripts(name, command == "scripts", counts);
     } else if ((command == "seeds" || command == "seeds-drawn") && hasTwo) {
         const SeedChoice choice = {numberOf(name), numberOf(words[2]), command == "seeds-drawn"};
-        good = choice.step > 0 && replaySeeds(choice, figures);
+        good = choice.step > 0 && replaySeeds(choice, counts);
     } else if (command == "clipping") {
-        good = clipsLikeTheLibrary(figures);
+        good = clipsLikeTheLibrary(counts);
     } else if ((command == "monkey" || command == "night") && hasTwo) {
         const LongRun longRun = {static_cast<unsigned>(numberOf(name)), numberOf(words[2]),
                                  command == "night"};
-        good = surviveLongRun(longRun, figures);
+        good = surviveLongRun(longRun, counts);
     } else if (command == "show" && hasTwo) {
         show(words);
     } else if (command == "renew-scripts") {
@@ -77,7 +77,7 @@ int run(const Words& words, Figures& figures) {
     } else if (command == "renew-seeds") {
         renewSeeds();
     } else {
-        return useWrongly();
+        return printUsage();
     }
     return good ? 0 : 1;
 }
@@ -89,16 +89,16 @@ int main(int argc, char** argv) {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     Words words(argv + 1, argv + argc);
-    std::string figuresFile;
-    if (words.size() > 1 && words[0] == "--figures") {
-        figuresFile = words[1];
+    std::string countsFile;
+    if (words.size() > 1 && words[0] == "--counts") {
+        countsFile = words[1];
         words.erase(words.begin(), words.begin() + 2);
     }
-    Figures figures;
-    const int status = run(words, figures);
-    printFigures(figures);
-    if (status == 0 && !figuresFile.empty()) {
-        writeFigures(figuresFile, figures);
+    Counts counts;
+    const int status = run(words, counts);
+    printCounts(counts);
+    if (status == 0 && !countsFile.empty()) {
+        writeCounts(countsFile, counts);
     }
     return status;
 }

@@ -116,10 +116,10 @@ void readKey(const std::string& verb, Words& words, int frame, Script& script) {
 void readButton(const std::string& verb, Words& words, int frame, Script& script) {
     const int button = words.named(buttonNames);
     if (verb != "release") {
-        script.events[frame].push_back(mouseButton(SDL_MOUSEBUTTONDOWN, button));
+        script.events[frame].push_back(mouseDown(button));
     }
     if (verb != "press") {
-        script.events[frame].push_back(mouseButton(SDL_MOUSEBUTTONUP, button));
+        script.events[frame].push_back(mouseUp(button));
     }
 }
 

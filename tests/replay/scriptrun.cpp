@@ -7,8 +7,10 @@
 #include <cstdlib>
 #include <memory>
 
+#include "drawing.h"
 #include "events.h"
 #include "fixedclock.h"
+#include "lines.h"
 #include "main.h"
 #include "player.h"
 #include "record.h"
@@ -77,7 +79,7 @@ public:
         if (record.notes.size() > notes) {
             note(frame, "states", record.chain.value);
         }
-        if (surroundings.movesPixels && script.shown.count(frame) != 0) {
+        if (drawing.movesPixels && script.shown.count(frame) != 0) {
             note(frame, "display", hashOfColours(*screen));
         }
         if (frame == look.frame && !look.pictureFile.empty()) {
@@ -117,13 +119,13 @@ private:
 
 } // namespace
 
-Report runScript(const Script& script, bool drawn, const Look& look) {
-    return runInCopy([&] {
+Outcome runScript(const Script& script, bool drawn, const Look& look) {
+    return runReplay([&] {
         ScriptRun run(script, look);
         surroundings.conductor = &run;
-        fixedSeconds = script.seed;
-        surroundings.movesPixels = drawn;
-        surroundings.showsPixels = drawn;
+        stopClock(script.seed);
+        drawing.movesPixels = drawn;
+        drawing.showsPixels = drawn;
         surroundings.keepsSurfaces = drawn;
         const int result = runGame(script.pictures.c_str());
         run.reportEnd();

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "child.h"
+#include "childprocess.h"
 #include "script.h"
 
 // What to report besides the state after a frame; no picture when its file has no name.
@@ -16,4 +16,4 @@ struct Look {
 
 // Runs the whole program, from its start to its end, on a script and returns lines as they stand
 // in a file of expected results. With a look it reports only the state after that frame.
-Report runScript(const Script& script, bool drawn, const Look& look = {});
+Outcome runScript(const Script& script, bool drawn, const Look& look = {});

@@ -45,8 +45,8 @@ bool isStates(const std::string& line) {
 }
 
 std::vector<std::string> resultOf(const fs::path& file, bool drawn) {
-    const Report result = runScript(readScript(file), drawn);
-    std::vector<std::string> lines = splitLines(result.text);
+    const Outcome result = runScript(readScript(file), drawn);
+    std::vector<std::string> lines = splitLines(result.out);
     lines.push_back("end exit " + std::to_string(result.status));
     return lines;
 }
@@ -102,21 +102,21 @@ void showDifference(const std::vector<std::string>& expected,
     }
 }
 
-void count(const std::vector<std::string>& lines, bool drawn, Figures& figures) {
-    ++figures[drawn ? "scripts" : "scripts_undrawn"];
+void count(const std::vector<std::string>& lines, bool drawn, Counts& counts) {
+    ++counts[drawn ? "scripts" : "scripts_undrawn"];
     for (const std::string& line : lines) {
         int frames = 0;
-        figures["displays"] += isDisplay(line) ? 1 : 0;
+        counts["displays"] += isDisplay(line) ? 1 : 0;
         if (std::sscanf(line.c_str(), "end frames %d", &frames) == 1) {
-            figures["frames"] += frames;
-            figures["frames_drawn"] += drawn ? frames : 0;
+            counts["frames"] += frames;
+            counts["frames_drawn"] += drawn ? frames : 0;
         }
     }
 }
 
 } // namespace
 
-bool replayScripts(const std::string& only, bool drawn, Figures& figures) {
+bool replayScripts(const std::string& only, bool drawn, Counts& counts) {
     bool same = true;
     for (const fs::path& file : chosenScripts(only)) {
         std::vector<std::string> expected = readLines(expectedFileOf(file));
@@ -125,14 +125,14 @@ bool replayScripts(const std::string& only, bool drawn, Figures& figures) {
                            expected.end());
         }
         const std::vector<std::string> seen = resultOf(file, drawn);
-        count(seen, drawn, figures);
+        count(seen, drawn, counts);
         if (expected != seen) {
             std::printf("%s came out differently:\n", file.stem().c_str());
             showDifference(expected, seen);
             same = false;
         }
     }
-    return same && figures["frames"] > 0;
+    return same && counts["frames"] > 0;
 }
 
 void renewScripts(const std::string& only) {
@@ -143,7 +143,7 @@ void renewScripts(const std::string& only) {
 
 void showScript(const std::string& name, int frame, const std::string& pictureFile) {
     for (const fs::path& file : chosenScripts(name)) {
-        const Report result = runScript(readScript(file), true, {frame, pictureFile});
-        std::printf("%s", result.text.c_str());
+        const Outcome result = runScript(readScript(file), true, {frame, pictureFile});
+        std::printf("%s", result.out.c_str());
     }
 }

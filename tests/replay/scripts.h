@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "figures.h"
+#include "counts.h"
 
 // The written scripts in scripts/, NAME.txt, each with what it must come to in NAME.expected: the
 // hash of all states after every fiftieth frame, the display after chosen frames, and the last
@@ -13,7 +13,7 @@
 
 // Replays all scripts, or only the one named, and shows what came out differently. Without drawing
 // no pixel moves and the displays are not compared. Returns true when nothing was different.
-bool replayScripts(const std::string& only, bool drawn, Figures& figures);
+bool replayScripts(const std::string& only, bool drawn, Counts& counts);
 
 // Replays all, or only the one named, and rewrites what is expected.
 void renewScripts(const std::string& only);

@@ -4,11 +4,13 @@
 #include "seedrun.h"
 
 #include <cstdlib>
+#include <iostream>
 #include <memory>
 #include <sstream>
 #include <utility>
 
-#include "child.h"
+#include "childprocess.h"
+#include "drawing.h"
 #include "eventnoise.h"
 #include "events.h"
 #include "gamehandler.h"
@@ -115,16 +117,17 @@ public:
 
     std::vector<SDL_Event> eventsOf(int frame) override {
         for (const int seed : seeds) {
-            const Copy copy = makeCopy();
-            if (copy.isThis) {
+            const Child child = makeChild(replayPatience);
+            if (child.process == 0) {
                 run = std::make_unique<SeedRun>(seed, shown);
                 surroundings.conductor = run.get();
                 // As the game would have been seeded; it has drawn nothing yet.
                 std::srand(static_cast<unsigned>(seed));
                 return run->eventsOf(frame);
             }
-            const Report script = waitFor(copy);
-            report(script.text);
+            const Outcome script = waitFor(child);
+            report(script.out);
+            std::cerr << script.err;
             if (script.status != 0) {
                 report(std::to_string(seed) + " broke off with status " +
                        std::to_string(script.status) + "\n");
@@ -143,15 +146,15 @@ private:
 
 std::vector<std::string> run(const std::vector<int>& seeds, const char* pictures, bool drawn,
                              int shown) {
-    const Report all = runInCopy([&] {
+    const Outcome all = runReplay([&] {
         SeedStarter starter(seeds, shown);
         surroundings.conductor = &starter;
-        surroundings.movesPixels = drawn;
+        drawing.movesPixels = drawn;
         surroundings.keepsSurfaces = drawn;
-        surroundings.showsPixels = false;
+        drawing.showsPixels = false;
         return runGame(pictures);
     });
-    std::vector<std::string> lines = splitLines(all.text);
+    std::vector<std::string> lines = splitLines(all.out);
     if (all.status != 0) {
         lines.push_back("The game itself ended with status " + std::to_string(all.status));
     }

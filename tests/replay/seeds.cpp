@@ -95,7 +95,7 @@ std::vector<std::string> endsOf(const SeedChoice& choice) {
 
 } // namespace
 
-bool replaySeeds(const SeedChoice& choice, Figures& figures) {
+bool replaySeeds(const SeedChoice& choice, Counts& counts) {
     const std::vector<std::string> expected = readLines(expectedFile);
     if (expected.size() != seedCount) {
         std::printf("%s has %zu lines instead of %d.\n", expectedFile, expected.size(), seedCount);
@@ -107,10 +107,10 @@ bool replaySeeds(const SeedChoice& choice, Figures& figures) {
     for (int seed = choice.first; seed < seedCount; seed += choice.step) {
         const auto i = static_cast<std::size_t>(seed);
         const Row row = rowOf(seen[i]);
-        ++figures[choice.drawn ? "seeds_drawn" : "seeds"];
+        ++counts[choice.drawn ? "seeds_drawn" : "seeds"];
         ++chosen;
-        figures["duels_won"] += row[3] == "1" || row[3] == "2" ? 1 : 0;
-        figures["frames"] += numberIn(row[1]);
+        counts["duels_won"] += row[3] == "1" || row[3] == "2" ? 1 : 0;
+        counts["frames"] += numberIn(row[1]);
         if (seen[i] != expected[i]) {
             ++differences;
             if (differences <= shownDifferences) {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "figures.h"
+#include "counts.h"
 
 // Ten thousand scripts that a seeded player makes up, each with the end it must come to. Their
 // ends stand in seeds.expected, a line for each: seed, frames, mode at the end, winner (0 for
@@ -17,7 +17,7 @@ struct SeedChoice {
 };
 
 // Replays the chosen scripts and shows what came out differently. Returns true when nothing did.
-bool replaySeeds(const SeedChoice& choice, Figures& figures);
+bool replaySeeds(const SeedChoice& choice, Counts& counts);
 
 // Replays all and rewrites the expected ends.
 void renewSeeds();

@@ -6,6 +6,7 @@
 #include "barrier.h"
 #include "bullet.h"
 #include "credits.h"
+#include "drawing.h"
 #include "gamehandler.h"
 #include "gameover.h"
 #include "helpscreen.h"
@@ -182,7 +183,7 @@ template <typename Reader> void readSurroundings(Reader& reader) {
     }
     reader.number("halts", surroundings.halts);
     reader.begin("display", 0);
-    reader.number("flips", surroundings.flips);
+    reader.number("flips", drawing.flips);
 }
 
 template <typename Reader> void readAll(Reader& reader) {

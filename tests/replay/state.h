@@ -8,7 +8,7 @@
 #include <vector>
 
 // The state of the whole game between two frames: the frame's globals, the keys, the active and the
-// pending mode with all their fields, the music and the dice. Fields that play no part are left
+// pending mode with all their fields, the music and the random. Fields that play no part are left
 // out.
 
 // A hash of everything; equal states have equal hashes in every process.

@@ -3,10 +3,19 @@
 
 #include "surroundings.h"
 
+#include <cstdio>
 #include <cstdlib>
+#include <iostream>
+#include <string>
 
+#include <unistd.h>
+
+#include "eventsource.h"
 #include "main.h"
 #include "programmode.h"
+
+// The game's own entry point, renamed for the tests.
+int morvaneMain(int argc, char** argv);
 
 Surroundings surroundings;
 
@@ -16,7 +25,7 @@ class PlayerShip;
 
 namespace {
 
-std::vector<SDL_Event> events;
+std::vector<SDL_Event> pending;
 std::size_t nextEvent = 0;
 bool polling = false; // the frame has begun to poll
 bool waiting = false; // the frame has polled all its events
@@ -24,7 +33,7 @@ ProgramMode* requested = nullptr;
 std::vector<ProgramMode*> lost;
 
 // The game never frees a mode whose request is replaced within the frame. Nobody can reach it any
-// more, so the replay counts and frees it, lest long replays and leak checkers stumble over it.
+// more. The replay counts and frees it, so that it is not a leak.
 void noteRequest() {
     if (requested != nullptr && newProgramMode != requested && activeProgramMode != requested) {
         lost.push_back(requested);
@@ -40,7 +49,16 @@ void freeLostModes() {
     lost.clear();
 }
 
-int pollEvent(SDL_Event* event) {
+class ReplayedEvents : public EventSource {
+    int poll(SDL_Event* event) override;
+    Uint32 ticks() override;
+
+    void delay(Uint32 milliseconds) override {
+        surroundings.ticks += milliseconds;
+    }
+};
+
+int ReplayedEvents::poll(SDL_Event* event) {
     noteRequest();
     if (!polling) {
         if (surroundings.frame == 0) {
@@ -49,19 +67,19 @@ int pollEvent(SDL_Event* event) {
         }
         polling = true;
         nextEvent = 0;
-        events = surroundings.conductor->eventsOf(surroundings.frame);
+        pending = surroundings.conductor->eventsOf(surroundings.frame);
     }
-    if (nextEvent == events.size()) {
+    if (nextEvent == pending.size()) {
         waiting = true;
         return 0;
     }
-    *event = events[nextEvent];
+    *event = pending[nextEvent];
     ++nextEvent;
     return 1;
 }
 
 // The first look at the clock after polling is the one that begins the wait for the frame's end.
-Uint32 getTicks() {
+Uint32 ReplayedEvents::ticks() {
     if (waiting) {
         noteRequest();
         freeLostModes();
@@ -81,24 +99,29 @@ long noteDraw(long drawn) {
 
 } // namespace
 
+int runGame(const char* pictures) {
+    const std::string directory = std::string(MORVANE_REPLAYS "/pictures/") + pictures;
+    if (chdir(directory.c_str()) != 0) {
+        std::perror(directory.c_str());
+        return 1;
+    }
+    ReplayedEvents events;
+    eventSource = &events;
+    return morvaneMain(0, nullptr);
+}
+
+Outcome runReplay(const std::function<int()>& function) {
+    const Outcome outcome = runInChild([&] { std::exit(function()); }, replayPatience);
+    std::cerr << outcome.err;
+    return outcome;
+}
+
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __real_rand();
 long __real_random();
 void __real__ZN10PlayerShip6wasHitEv(PlayerShip* ship);
-
-int __wrap_SDL_PollEvent(SDL_Event* event) {
-    return pollEvent(event);
-}
-
-Uint32 __wrap_SDL_GetTicks() {
-    return getTicks();
-}
-
-void __wrap_SDL_Delay(Uint32 ms) {
-    surroundings.ticks += ms;
-}
 
 int __wrap_rand() {
     return static_cast<int>(noteDraw(__real_rand()));

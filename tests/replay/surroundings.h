@@ -4,9 +4,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include <SDL.h>
+
+#include "childprocess.h"
 
 class ProgramMode;
 
@@ -22,21 +25,17 @@ public:
     virtual void frameEnded(int frame) = 0;
 };
 
-// Everything outside the game, as a replay has it: events, clocks, dice, orchestra and canvas.
-// The linker's --wrap options lead the game's calls here; what the libraries call among themselves
-// is not touched.
+// What surrounds the game in a replay: events, time, random numbers and the mixer. --wrap redirects
+// the game's calls; what the libraries call among themselves is not touched.
 struct Surroundings {
     Conductor* conductor = nullptr;
     int frame = 0;             // counted from 0
     Uint32 ticks = 1000;       // milliseconds; only waiting lets time pass
-    bool movesPixels = true;   // false: blits and fills only clip their rectangles
-    bool showsPixels = true;   // false: a flip is only counted
     bool keepsSurfaces = true; // false: new surfaces share their pixels, for replays without any
 
     // Counted since the start.
     std::uint64_t draws = 0; // from the random generator
     long lastDraw = 0;
-    int flips = 0;
     int starts[4] = {}; // of each music track; the first counts tracks that do not exist
     int halts = 0;
     int playing = 0;   // track, 0 for none
@@ -45,3 +44,12 @@ struct Surroundings {
 };
 
 extern Surroundings surroundings;
+
+// Runs the whole game in these surroundings and returns its result. The pictures are the name of
+// one of the replays' two sets.
+int runGame(const char* pictures);
+
+const unsigned replayPatience = 1800; // seconds; longer than any run that makes progress
+
+// Calls a function in a copy of this process, which exits with the function's result.
+Outcome runReplay(const std::function<int()>& function);

@@ -6,7 +6,6 @@ import os
 import re
 import shutil
 import subprocess
-import sys
 import time
 from dataclasses import dataclass
 from pathlib import Path
@@ -14,14 +13,11 @@ from pathlib import Path
 import numpy
 import pytest
 
+import gamerun
+import listening
+import smalldata
+
 PROJECT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(PROJECT / "tests/faults"))
-
-# pylint: disable=wrong-import-position
-import gamerun  # noqa: E402
-import listening  # noqa: E402
-import smalldata  # noqa: E402
-
 # The compatibility library opens the device as it likes and converts.
 RATES = {"classic": listening.RATE, "compat": 44100}
 SAMPLES = PROJECT / "tests/support/data"

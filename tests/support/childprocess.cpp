@@ -3,72 +3,60 @@
 
 #include "childprocess.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <regex>
 
-#include <linux/capability.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-const unsigned patience = 60; // seconds
-const int cannotRun = 127;    // what a shell says
-
 std::string contents(std::FILE* file) {
     std::string text;
+    char part[4096];
     std::rewind(file);
-    for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) {
-        text += static_cast<char>(c);
+    for (std::size_t n = std::fread(part, 1, sizeof part, file); n > 0;
+         n = std::fread(part, 1, sizeof part, file)) {
+        text.append(part, n);
     }
     std::fclose(file);
     return text;
 }
 
-int waitFor(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
 } // namespace
 
-Outcome runInChild(const std::function<void()>& function) {
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
+Child makeChild(unsigned patience) {
+    Child child = {-1, std::tmpfile(), std::tmpfile()};
     std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(fileno(out), STDOUT_FILENO);
-        dup2(fileno(err), STDERR_FILENO);
+    if (child.out != nullptr && child.err != nullptr) {
+        child.process = fork();
+    }
+    if (child.process == -1) {
+        std::perror("Cannot copy this process");
+        std::exit(1);
+    }
+    if (child.process == 0) {
+        dup2(fileno(child.out), STDOUT_FILENO);
+        dup2(fileno(child.err), STDERR_FILENO);
         alarm(patience);
+    }
+    return child;
+}
+
+Outcome waitFor(const Child& child) {
+    int status = 0;
+    waitpid(child.process, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), contents(child.out),
+            contents(child.err)};
+}
+
+Outcome runInChild(const std::function<void()>& function, unsigned patience) {
+    const Child child = makeChild(patience);
+    if (child.process == 0) {
         function();
         std::cout.flush();
         std::fflush(nullptr);
         _exit(0);
     }
-    const int status = waitFor(child);
-    return {status, contents(out), contents(err)};
-}
-
-Outcome runProgram(const std::filesystem::path& program, const std::filesystem::path& directory,
-                   const std::map<std::string, std::string>& environment) {
-    return runInChild([&] {
-        std::filesystem::current_path(directory);
-        for (const auto& variable : environment) {
-            setenv(variable.first.c_str(), variable.second.c_str(), 1);
-        }
-        prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
-        prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
-        execl(program.c_str(), program.c_str(), nullptr);
-        _exit(cannotRun);
-    });
-}
-
-std::string withoutSystemReasons(const std::string& messages) {
-    static const std::regex openFailure("(Couldn't open [^:\n]*): [^\n]*");
-    return std::regex_replace(messages, openFailure, "$1");
+    return waitFor(child);
 }

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include <filesystem>
+#include <cstdio>
 #include <functional>
-#include <map>
 #include <string>
+
+#include <sys/types.h>
 
 // How a process ended and what it wrote on its two standard streams.
 struct Outcome {
@@ -15,15 +16,19 @@ struct Outcome {
     std::string err;
 };
 
-// Runs a function in a copy of this process, which ends with status 0 when it returns. A copy that
-// hangs is ended after a minute.
-Outcome runInChild(const std::function<void()>& function);
+// A copy of this process. What it writes is kept until waitFor.
+struct Child {
+    pid_t process; // 0 in the copy itself
+    std::FILE* out;
+    std::FILE* err;
+};
 
-// Runs a program without arguments in a directory, with some environment variables of its own.
-// Reading rights count even for root, so that tests may take them away.
-Outcome runProgram(const std::filesystem::path& program, const std::filesystem::path& directory,
-                   const std::map<std::string, std::string>& environment);
+const unsigned childPatience = 60; // seconds
 
-// The messages without the system's own reason for a file that could not be opened, which newer
-// libraries add after a colon.
-std::string withoutSystemReasons(const std::string& messages);
+// Copies this process; a copy that is still there after so many seconds is ended.
+Child makeChild(unsigned patience = childPatience);
+
+Outcome waitFor(const Child& child);
+
+// Runs a function in a copy of this process, which ends with status 0 when the function returns.
+Outcome runInChild(const std::function<void()>& function, unsigned patience = childPatience);

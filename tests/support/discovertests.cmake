@@ -13,7 +13,7 @@ function(discover_tests_on_each_library target label)
   foreach(library IN LISTS sdl_libraries)
     set(list ${target}_${library})
     gtest_discover_tests(${target}
-      TEST_PREFIX "${library}."
+      TEST_PREFIX "${label}.${library}."
       TEST_LIST ${list}
       DISCOVERY_MODE PRE_TEST
       DISCOVERY_TIMEOUT 60)

@@ -4,30 +4,41 @@
 #include "fixedclock.h"
 
 #include <chrono>
-
-std::optional<std::int64_t> fixedSeconds;
+#include <cstdlib>
+#include <string>
 
 namespace {
 
-std::int64_t secondsNow() {
+const char* const variable = "MORVANE_FIXED_TIME";
+
+template <typename Time> Time answer(Time* result) {
     using Clock = std::chrono::system_clock;
-    return fixedSeconds.value_or(Clock::to_time_t(Clock::now()));
+    const char* fixed = std::getenv(variable);
+    const std::int64_t seconds =
+        fixed == nullptr ? Clock::to_time_t(Clock::now()) : std::atoll(fixed);
+    const auto now = static_cast<Time>(seconds);
+    if (result != nullptr) {
+        *result = now;
+    }
+    return now;
 }
 
 } // namespace
 
-// The C library has two entries for the clock where a long has 32 bits, and the compiler's options
-// decide which of them time() is: time, with the library's older time_t, a long, and __time64.
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
-extern "C" {
-
-long __wrap_time(long* /*result*/) {
-    return static_cast<long>(secondsNow());
+void stopClock(std::int64_t seconds) {
+    setenv(variable, std::to_string(seconds).c_str(), 1);
 }
 
-std::int64_t __wrap___time64(std::int64_t* /*result*/) {
-    return secondsNow();
+// The C library has two entries for the clock where a long has 32 bits, and the header's own
+// declaration stands for one of them, whichever the compiler's options choose. So both are defined
+// under other names.
+extern "C" long fixedTime(long* result) __asm__("time");
+extern "C" std::int64_t fixedTime64(std::int64_t* result) __asm__("__time64");
+
+long fixedTime(long* result) {
+    return answer(result);
 }
 
-} // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
+std::int64_t fixedTime64(std::int64_t* result) {
+    return answer(result);
+}

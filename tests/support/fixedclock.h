@@ -4,9 +4,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
-// The calendar clock of programs that link morvane_fixed_clock: what time() tells the game, in
-// seconds, with which it seeds its random generator. Without a value the clock runs as it does
-// elsewhere.
-extern std::optional<std::int64_t> fixedSeconds;
+// The calendar clock, from which the game seeds its random generator. It stands still at the number
+// of seconds in the environment variable MORVANE_FIXED_TIME and runs on where there is none. The
+// same code is linked to programs and preloaded before the real game.
+
+// Stops the clock of this process.
+void stopClock(std::int64_t seconds);

@@ -9,13 +9,13 @@
 
 namespace fs = std::filesystem;
 
-const char* const pictureFiles[16] = {
-    "logo.png",          "menu.png",      "tlacitka.png",
-    "pozadie-lode3.png", "brannoc4f.png", "presentsscreen1.png",
-    "bar1.png",          "bar2.png",      "kruh.png",
-    "voda.png",          "lod1.png",      "strela2.png",
-    "cball.png",         "prekazka1.png", "prekazka2.png",
-    "prekazka3.png",
+const PictureFile pictureFiles[16] = {
+    {"logo.png", true},           {"menu.png", true},       {"tlacitka.png", true},
+    {"pozadie-lode3.png", false}, {"brannoc4f.png", false}, {"presentsscreen1.png", false},
+    {"bar1.png", false},          {"bar2.png", false},      {"kruh.png", false},
+    {"voda.png", false},          {"lod1.png", true},       {"strela2.png", true},
+    {"cball.png", true},          {"prekazka1.png", true},  {"prekazka2.png", true},
+    {"prekazka3.png", true},
 };
 const char* const fontFile = "papyrus.ttf";
 const char* const musicFiles[3] = {"music1.mp3", "music2.mp3", "music3.mp3"};
@@ -51,8 +51,8 @@ void makeEmptyFile(const fs::path& file) {
 
 void makeGameData(const fs::path& directory) {
     makeEmptyFile(directory / "morvane.dat");
-    for (const char* name : pictureFiles) {
-        fs::copy_file(testFile("plain.png"), directory / name);
+    for (const PictureFile& file : pictureFiles) {
+        fs::copy_file(testFile("plain.png"), directory / file.name);
     }
     fs::copy_file(testFile("blocks.ttf"), directory / fontFile);
     for (const char* name : musicFiles) {

@@ -6,8 +6,13 @@
 #include <filesystem>
 #include <string>
 
+struct PictureFile {
+    const char* name;
+    bool hasAlpha; // false: magenta is transparent
+};
+
 // The game's files in the order in which it loads them.
-extern const char* const pictureFiles[16];
+extern const PictureFile pictureFiles[16];
 extern const char* const fontFile;
 extern const char* const musicFiles[3];
 

@@ -3,20 +3,17 @@
 """What the system tests share: the game's pictures, and a way to start the real game."""
 
 import contextlib
-import sys
 from pathlib import Path
 
 import pytest
 
-PROJECT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(PROJECT / "tools"))
+from robots.artwork import Artwork
+from robots.screens import Guide
+from robots.see import Lookout
+from robots.stage import Stage
+from robots.text import Writer
 
-# pylint: disable=wrong-import-position
-from robots.artwork import Artwork  # noqa: E402
-from robots.screens import Guide  # noqa: E402
-from robots.see import Lookout  # noqa: E402
-from robots.stage import Stage  # noqa: E402
-from robots.text import Writer  # noqa: E402
+PROJECT = Path(__file__).resolve().parents[2]
 
 
 def pytest_addoption(parser):

@@ -58,10 +58,7 @@ void DuelTest::SetUp() {
 
 void DuelTest::TearDown() {
     battle.reset();
-    for (int key = 0; key < SDLK_LAST; ++key) {
-        letGo(static_cast<SDLKey>(key));
-    }
-    Keyboard::releaseKeys();
+    releaseAllKeys();
     BattleTest::TearDown();
 }
 
@@ -77,16 +74,6 @@ Barrier* DuelTest::addBarrier(SDL_Rect rect, Colour colour) {
     battle->barriers = others;
     battle->objects.insert(battle->objects.begin(), barrier);
     return barrier;
-}
-
-void DuelTest::hold(SDLKey key) {
-    SDL_Event event = keyDown(key);
-    Keyboard::keyPress(&event);
-}
-
-void DuelTest::letGo(SDLKey key) {
-    SDL_Event event = keyUp(key);
-    Keyboard::keyRelease(&event);
 }
 
 void DuelTest::play(int frames) {

@@ -12,6 +12,7 @@
 #include "bullet.h"
 #include "gamehandler.h"
 #include "gameobject.h"
+#include "keys.h"
 #include "playership.h"
 
 const double headingDown = 0;
@@ -50,10 +51,6 @@ protected:
 
     // Puts a barrier of that place and size, with a picture of its own, in front of all objects.
     Barrier* addBarrier(SDL_Rect place, Colour colour = barrierColours[0]);
-
-    // Gives the key table the events of a key.
-    void hold(SDLKey key);
-    void letGo(SDLKey key);
 
     // Plays frames as the program does, with the keys released during each going up after it.
     void play(int frames);

@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "drawing.h"
 #include "duel.h"
-#include "flips.h"
 #include "gameover.h"
 #include "main.h"
 #include "pictures.h"
@@ -186,7 +186,7 @@ TEST_F(GameHandlerFrameTest, drawsShipsOverCannonball2) {
 
 TEST_F(GameHandlerFrameTest, drawsAShipWhereItHasMovedTo) {
     place(ship1, 600, 600, headingRight, 6);
-    hold(SDLK_w);
+    press(SDLK_w);
     play(1);
     EXPECT_EQ(pixel(battle->world, 605, 650), waterColour);
     EXPECT_EQ(pixel(battle->world, 606, 600), shipFrameColour(19));
@@ -198,7 +198,7 @@ TEST_F(GameHandlerFrameTest, drawsAShipWhereItHasMovedTo) {
 }
 
 TEST_F(GameHandlerFrameTest, movesCannonballsBeforeTheShipsLaunchThem) {
-    hold(SDLK_TAB);
+    press(SDLK_TAB);
     play(1);
     EXPECT_TRUE(ball1->visible);
     EXPECT_THAT(ball1->pos, isAt(140, 140));
@@ -208,7 +208,7 @@ TEST_F(GameHandlerFrameTest, movesCannonballsBeforeTheShipsLaunchThem) {
 
 TEST_F(GameHandlerFrameTest, hitsShipsWhereTheyLayBeforeTheyMove) {
     place(ship2, 600, 600, headingRight, 5);
-    hold(SDLK_UP);
+    press(SDLK_UP);
     // Heading right, the hit box starts at x 603; a frame later it would start at 608.
     ball1->show({580, 640, 20, 20}, {4, 0, 0, 0});
     play(1);
@@ -220,8 +220,8 @@ TEST_F(GameHandlerFrameTest, movesShip1BeforeShip2) {
     // Ship 2 fires at where ship 1 lies after its own move of this frame.
     place(ship1, 494, 400, headingRight, 6);
     place(ship2, 400, 400);
-    hold(SDLK_w);
-    hold(SDLK_RETURN);
+    press(SDLK_w);
+    press(SDLK_RETURN);
     std::vector<int> places;
     battle->objects.insert(battle->objects.end() - 1, new Probe([&](SDL_Surface*) {
                                places = {ship1->rect.x, ship2->reloading};
@@ -268,7 +268,7 @@ TEST_F(GameHandlerFrameTest, prefersTheEndOfTheBattleToEscape) {
 
 TEST_F(GameHandlerFrameTest, finishesTheFrameInWhichAShipSinks) {
     place(ship2, 600, 600, headingRight, 5);
-    hold(SDLK_UP);
+    press(SDLK_UP);
     ship2->hp = 5;
     ball1->show({640, 640, 20, 20}, {0, 0, 0, 0});
     FlipWatch flips;

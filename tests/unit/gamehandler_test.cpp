@@ -5,8 +5,8 @@
 
 #include <vector>
 
+#include "drawing.h"
 #include "duel.h"
-#include "flips.h"
 #include "main.h"
 #include "mainmenu.h"
 #include "pictures.h"

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "flips.h"
+#include "drawing.h"
 #include "main.h"
 #include "mainmenu.h"
 #include "menu.h"

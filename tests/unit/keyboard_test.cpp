@@ -30,7 +30,7 @@ TEST(KeyboardTest, everyKeyCanBePressedWithoutTouchingAnother) {
         for (int other = 0; other < 323; ++other) {
             ASSERT_EQ(Keyboard::isPressed(other), other == key) << "key " << other;
         }
-        letGo(static_cast<SDLKey>(key));
+        release(static_cast<SDLKey>(key));
         Keyboard::releaseKeys();
     }
 }
@@ -46,7 +46,7 @@ TEST(KeyboardTest, aHeldKeyStaysPressedThroughTheFrames) {
 TEST(KeyboardTest, aReleasedKeyIsPressedUntilItsFrameEnds) {
     press(SDLK_a);
     Keyboard::releaseKeys();
-    letGo(SDLK_a);
+    release(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -54,7 +54,7 @@ TEST(KeyboardTest, aReleasedKeyIsPressedUntilItsFrameEnds) {
 
 TEST(KeyboardTest, aTapBetweenTwoFramesIsSeenOnce) {
     press(SDLK_a);
-    letGo(SDLK_a);
+    release(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -63,7 +63,7 @@ TEST(KeyboardTest, aTapBetweenTwoFramesIsSeenOnce) {
 TEST(KeyboardTest, aKeyPressedAgainInTheFrameOfItsReleaseReadsAsUpFromTheNextFrame) {
     press(SDLK_a);
     Keyboard::releaseKeys();
-    letGo(SDLK_a);
+    release(SDLK_a);
     press(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
@@ -72,10 +72,10 @@ TEST(KeyboardTest, aKeyPressedAgainInTheFrameOfItsReleaseReadsAsUpFromTheNextFra
 
 TEST(KeyboardTest, aKeyReadingAsUpWhileHeldWorksAgainAfterItsNextPress) {
     press(SDLK_a);
-    letGo(SDLK_a);
+    release(SDLK_a);
     press(SDLK_a);
     Keyboard::releaseKeys();
-    letGo(SDLK_a);
+    release(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     press(SDLK_a);
@@ -84,7 +84,7 @@ TEST(KeyboardTest, aKeyReadingAsUpWhileHeldWorksAgainAfterItsNextPress) {
 }
 
 TEST(KeyboardTest, aReleaseWithoutAPressCountsForItsFrame) {
-    letGo(SDLK_a);
+    release(SDLK_a);
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
@@ -95,7 +95,7 @@ TEST(KeyboardTest, aSecondPressOfAHeldKeyChangesNothing) {
     press(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_TRUE(Keyboard::isPressed(SDLK_a));
-    letGo(SDLK_a);
+    release(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
 }
@@ -103,7 +103,7 @@ TEST(KeyboardTest, aSecondPressOfAHeldKeyChangesNothing) {
 TEST(KeyboardTest, releasingOneOfTwoKeysLeavesTheOther) {
     press(SDLK_a);
     press(SDLK_b);
-    letGo(SDLK_a);
+    release(SDLK_a);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(SDLK_a));
     EXPECT_TRUE(Keyboard::isPressed(SDLK_b));
@@ -112,8 +112,8 @@ TEST(KeyboardTest, releasingOneOfTwoKeysLeavesTheOther) {
 TEST(KeyboardTest, theFirstAndTheLastKeyAreClearedToo) {
     press(SDLK_UNKNOWN);
     press(SDLK_UNDO);
-    letGo(SDLK_UNKNOWN);
-    letGo(SDLK_UNDO);
+    release(SDLK_UNKNOWN);
+    release(SDLK_UNDO);
     Keyboard::releaseKeys();
     EXPECT_FALSE(Keyboard::isPressed(0));
     EXPECT_FALSE(Keyboard::isPressed(322));
@@ -160,8 +160,8 @@ TEST(KeyboardTest, readingTheLatestKeyConsumesNothing) {
 TEST(KeyboardTest, aReleaseAndTheEndOfTheFrameLeaveTheLatestKey) {
     SDL_Event event = describedKeyDown();
     Keyboard::keyPress(&event);
-    letGo(SDLK_q);
-    letGo(SDLK_b);
+    release(SDLK_q);
+    release(SDLK_b);
     Keyboard::releaseKeys();
     expectDescribedKey(Keyboard::readkey());
 }
@@ -170,7 +170,7 @@ TEST(KeyboardTest, theLatestKeyIsRenewedEvenByAPressThatChangesNoState) {
     SDL_Event event = describedKeyDown();
     Keyboard::keyPress(&event);
     press(SDLK_b);
-    letGo(SDLK_q);
+    release(SDLK_q);
     Keyboard::keyPress(&event);
     expectDescribedKey(Keyboard::readkey());
 }

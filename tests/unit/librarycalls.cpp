@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <deque>
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -102,22 +101,9 @@ std::vector<std::string> LibraryCalls::of(const std::set<std::string>& functions
 }
 
 void note(const std::string& line) {
-    if (recorder == nullptr) {
-        return;
+    if (recorder != nullptr) {
+        recorder->log.push_back(line);
     }
-    recorder->log.push_back(line);
-    if (!recorder->file.empty()) {
-        std::ofstream(recorder->file, std::ios::app) << line << "\n";
-    }
-}
-
-std::vector<std::string> linesOf(const std::string& file) {
-    std::ifstream stream(file);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }
 
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names

@@ -27,12 +27,7 @@ public:
     // Whether the calls that open, play and release things stay away from the libraries. Music
     // and fonts opened meanwhile are names only.
     bool pretending;
-    // While it is not empty, the log is also written into this file, for use in a child process.
-    std::string file;
 };
 
 // Adds a line of the test's own to the log; does nothing while nothing is recorded.
 void note(const std::string& line);
-
-// The lines of a file.
-std::vector<std::string> linesOf(const std::string& file);

@@ -302,8 +302,8 @@ template <typename Function> std::string stderrOf(Function function) {
 TEST_F(LoaderTest, aMissingPictureIsReportedWithItsPathAndNotPooled) {
     SDL_Surface* picture = screen;
     const std::string messages = stderrOf([&] { picture = loadImage("voda.png", false); });
-    EXPECT_EQ(withoutSystemReasons(messages),
-              "ERROR: Couldn't load data/voda.png\nCouldn't open data/voda.png\n");
+    EXPECT_THAT(messages, ::testing::StartsWith(
+                              "ERROR: Couldn't load data/voda.png\nCouldn't open data/voda.png"));
     EXPECT_EQ(picture, nullptr);
     EXPECT_THAT(imagePool, IsEmpty());
 }
@@ -357,8 +357,9 @@ TEST_F(LoaderTest, aFontIsOpenedAtItsSizeAndNotPooled) {
 TEST_F(LoaderTest, aMissingFontIsReportedWithItsPath) {
     ASSERT_EQ(TTF_Init(), 0);
     const std::string messages = stderrOf([] { EXPECT_EQ(loadFont("papyrus.ttf", 29), nullptr); });
-    EXPECT_EQ(withoutSystemReasons(messages),
-              "ERROR: Couldn't load data/papyrus.ttf\nCouldn't open data/papyrus.ttf\n");
+    EXPECT_THAT(messages,
+                ::testing::StartsWith(
+                    "ERROR: Couldn't load data/papyrus.ttf\nCouldn't open data/papyrus.ttf"));
     TTF_Quit();
 }
 

@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 
 #include "display.h"
-#include "flips.h"
+#include "drawing.h"
 #include "keyboard.h"
 #include "recordingmode.h"
 #include "wholegame.h"
@@ -20,11 +20,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-SDL_Event quit() {
-    SDL_Event event = {};
-    event.type = SDL_QUIT;
-    return event;
-}
+const SDL_Event quit = otherEvent(SDL_QUIT);
 
 // Frame 0 belongs to the intro, at whose end mode "a" takes over. Events are noted by their types:
 // 2 is a key going down, 3 one going up, 4 the pointer moving, 5 and 6 a mouse button, 12 quit.
@@ -63,7 +59,7 @@ TEST_F(MainLoopTest, handsOverTheEventsOfAFrameInOrderBeforeItsUpdate) {
     frames.events = {{},
                      {keyDown(SDLK_a), mouseMotion(1, 2), mouseDown(1), mouseUp(1), keyUp(SDLK_a)},
                      {},
-                     {quit()}};
+                     {quit}};
     EXPECT_EQ(run(), 0);
     EXPECT_THAT(ofModes(), ElementsAre("a: activate", "a: event 2", "a: event 4", "a: event 5",
                                        "a: event 6", "a: event 3", "a: update", "a: update",
@@ -71,7 +67,7 @@ TEST_F(MainLoopTest, handsOverTheEventsOfAFrameInOrderBeforeItsUpdate) {
 }
 
 TEST_F(MainLoopTest, handsOverAThousandEventsInTheFrameThatFindsThem) {
-    frames.events = {{}, std::vector<SDL_Event>(1000, mouseMotion(1, 2)), {}, {quit()}};
+    frames.events = {{}, std::vector<SDL_Event>(1000, mouseMotion(1, 2)), {}, {quit}};
     run();
     std::vector<std::string> expected(1002, "a: event 4");
     expected.front() = "a: activate";
@@ -97,7 +93,7 @@ TEST_F(MainLoopTest, neverActivatesTheFirstMode) {
 TEST_F(MainLoopTest, activatesEachLaterModeOnceBeforeItsFirstUpdate) {
     auto* b = new RecordingMode("b");
     a->onUpdate = [&] { newProgramMode = b; };
-    frames.events = {{}, {}, {}, {quit()}};
+    frames.events = {{}, {}, {}, {quit}};
     run();
     EXPECT_THAT(ofModes(), ElementsAre("a: activate", "a: update", "a: deleted", "b: activate",
                                        "b: update", "b: event 12", "b: update", "b: deleted"));
@@ -111,7 +107,7 @@ TEST_F(MainLoopTest, switchesAfterTheUpdateAndSendsTheRestOfTheEventsToTheOldMod
             newProgramMode = b;
         }
     };
-    frames.events = {{}, {keyDown(SDLK_a), mouseUp(1), keyUp(SDLK_a)}, {quit()}};
+    frames.events = {{}, {keyDown(SDLK_a), mouseUp(1), keyUp(SDLK_a)}, {quit}};
     run();
     EXPECT_THAT(ofModes(),
                 ElementsAre("a: activate", "a: event 2", "a: event 6", "a: event 3", "a: update",
@@ -123,7 +119,7 @@ TEST_F(MainLoopTest, theLaterOfTwoRequestsWinsAndTheEarlierModeIsForgotten) {
     auto* c = new RecordingMode("c");
     a->onEvent = [&](const SDL_Event&) { newProgramMode = &b; };
     a->onUpdate = [&] { newProgramMode = c; };
-    frames.events = {{}, {keyDown(SDLK_a)}, {quit()}};
+    frames.events = {{}, {keyDown(SDLK_a)}, {quit}};
     run();
     EXPECT_THAT(ofModes(), ElementsAre("a: activate", "a: event 2", "a: update", "a: deleted",
                                        "c: activate", "c: event 12", "c: update", "c: deleted"));
@@ -132,7 +128,7 @@ TEST_F(MainLoopTest, theLaterOfTwoRequestsWinsAndTheEarlierModeIsForgotten) {
 TEST_F(MainLoopTest, aModeRequestedInActivationTakesOverOnlyAfterAnotherFrame) {
     auto* b = new RecordingMode("b");
     a->onActivate = [&] { newProgramMode = b; };
-    frames.events = {{}, {}, {quit()}};
+    frames.events = {{}, {}, {quit}};
     run();
     EXPECT_THAT(ofModes(), ElementsAre("a: activate", "a: update", "a: deleted", "b: activate",
                                        "b: event 12", "b: update", "b: deleted"));
@@ -147,7 +143,7 @@ TEST_F(MainLoopTest, theActiveModeIsInstalledAndTheRequestClearedBeforeActivatio
 }
 
 TEST_F(MainLoopTest, aQuitEventLetsItsFrameEndWithTheRestOfItsEvents) {
-    frames.events = {{}, {quit(), keyDown(SDLK_a)}, {mouseUp(1)}};
+    frames.events = {{}, {quit, keyDown(SDLK_a)}, {mouseUp(1)}};
     EXPECT_EQ(run(), 0);
     EXPECT_THAT(ofModes(),
                 ElementsAre("a: activate", "a: event 12", "a: event 2", "a: update", "a: deleted"));
@@ -158,7 +154,7 @@ TEST_F(MainLoopTest, aQuitEventLetsItsFrameEndWithTheRestOfItsEvents) {
 TEST_F(MainLoopTest, aQuitEventHasAlreadyStoppedTheProgramWhenTheModeSeesIt) {
     bool stopped = false;
     a->onEvent = [&](const SDL_Event&) { stopped = !running; };
-    frames.events = {{}, {quit()}};
+    frames.events = {{}, {quit}};
     run();
     EXPECT_TRUE(stopped);
 }
@@ -166,14 +162,14 @@ TEST_F(MainLoopTest, aQuitEventHasAlreadyStoppedTheProgramWhenTheModeSeesIt) {
 TEST_F(MainLoopTest, aQuitEventDoesNotKeepARequestedModeFromTakingOver) {
     auto* b = new RecordingMode("b");
     a->onUpdate = [&] { newProgramMode = b; };
-    frames.events = {{}, {quit()}};
+    frames.events = {{}, {quit}};
     run();
     EXPECT_THAT(ofModes(), ElementsAre("a: activate", "a: event 12", "a: update", "a: deleted",
                                        "b: activate", "b: deleted"));
 }
 
 TEST_F(MainLoopTest, theFrameOfAQuitEventIsPacedLikeAnother) {
-    frames.events = {{}, {quit()}};
+    frames.events = {{}, {quit}};
     run();
     EXPECT_EQ(delaysBetween("a: update", "a: deleted"), 16U);
 }
@@ -196,7 +192,7 @@ TEST_F(MainLoopTest, aProgramToldToStopDuringStartUpStillRunsOneFrame) {
 }
 
 TEST_F(MainLoopTest, deletesTheActiveModeBeforeItShutsDown) {
-    frames.events = {{}, {quit()}};
+    frames.events = {{}, {quit}};
     run();
     const auto deleted = std::find(calls.log.begin(), calls.log.end(), "a: deleted");
     const std::vector<std::string> afterwards(deleted + 1, calls.log.end());
@@ -217,7 +213,7 @@ TEST_F(MainLoopTest, deletesTheActiveModeBeforeItShutsDown) {
 TEST_F(MainLoopTest, neverUsesTheModesReleaseHook) {
     auto* b = new RecordingMode("b");
     a->onUpdate = [&] { newProgramMode = b; };
-    frames.events = {{}, {}, {}, {quit()}};
+    frames.events = {{}, {}, {}, {quit}};
     run();
     EXPECT_THAT(ofModes(), ::testing::Not(::testing::Contains(::testing::EndsWith("cleanUp"))));
 }
@@ -276,7 +272,7 @@ TEST_F(MainLoopTest, aKeyHeldOverASwitchStaysHeldForTheNextMode) {
     bool seen = false;
     a->onUpdate = [&] { newProgramMode = b; };
     b->onUpdate = [&] { seen = Keyboard::isPressed(SDLK_a); };
-    frames.events = {{}, {keyDown(SDLK_a)}, {quit()}};
+    frames.events = {{}, {keyDown(SDLK_a)}, {quit}};
     run();
     EXPECT_TRUE(seen);
 }
@@ -293,7 +289,7 @@ std::ostream& operator<<(std::ostream& out, const Pace& pace) {
 class PaceTest : public MainLoopTest, public ::testing::WithParamInterface<Pace> {};
 
 TEST_P(PaceTest, waitsForTheRestOfSixteenMillisecondsOneAtATime) {
-    a->onUpdate = [this] { frames.ticks += GetParam().frameTook; };
+    a->onUpdate = [this] { frames.time += GetParam().frameTook; };
     frames.events = {{}, {}, {mouseUp(1)}};
     run();
     EXPECT_EQ(delaysBetween("a: update", "a: event 6"), GetParam().delays);
@@ -311,8 +307,8 @@ TEST_F(MainLoopTest, aFrameOf40MillisecondsIsNotMadeUp) {
     std::vector<Uint32> starts;
     Uint32 length = 40;
     a->onUpdate = [&] {
-        starts.push_back(frames.ticks);
-        frames.ticks += length;
+        starts.push_back(frames.time);
+        frames.time += length;
         length = 0;
     };
     frames.events = {{}, {}, {}, {}};
@@ -325,9 +321,9 @@ TEST_F(MainLoopTest, aFrameOf40MillisecondsIsNotMadeUp) {
 
 TEST_F(MainLoopTest, theTimeThatEventsAndTheSwitchTakeCountsForTheFrame) {
     auto* b = new RecordingMode("b");
-    a->onEvent = [&](const SDL_Event&) { frames.ticks += 4; };
+    a->onEvent = [&](const SDL_Event&) { frames.time += 4; };
     a->onUpdate = [&] { newProgramMode = b; };
-    b->onActivate = [&] { frames.ticks += 5; };
+    b->onActivate = [&] { frames.time += 5; };
     frames.events = {{}, {keyDown(SDLK_a)}, {mouseUp(1)}};
     run();
     EXPECT_EQ(delaysBetween("b: activate", "b: event 6"), 7U);
@@ -341,7 +337,7 @@ TEST_F(MainLoopTest, stopsWaitingAsSoonAsALongDelayHasPassedTheMark) {
 }
 
 TEST_F(MainLoopTest, keepsItsPaceWhileTheTicksWrapRound) {
-    frames.ticks = 0xFFFFFFFFU - 16 - 7; // eight before the end when frame 1 begins
+    frames.time = 0xFFFFFFFFU - 16 - 7; // eight before the end when frame 1 begins
     frames.events = {{}, {}, {mouseUp(1)}};
     run();
     EXPECT_EQ(delaysBetween("a: update", "a: event 6"), 16U);

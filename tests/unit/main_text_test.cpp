@@ -9,7 +9,7 @@
 #include <malloc.h>
 
 #include "display.h"
-#include "flips.h"
+#include "drawing.h"
 #include "gamedata.h"
 #include "pictures.h"
 #include "rects.h"

@@ -3,7 +3,7 @@
 
 #include "menu.h"
 
-#include "keyboard.h"
+#include "keys.h"
 #include "main.h"
 
 Colour cellColour(int row) {
@@ -24,24 +24,18 @@ void MenuTest::TearDown() {
     menu.reset();
     running = false;
     haveSound = false;
-    for (int key = 0; key < SDLK_LAST; ++key) {
-        SDL_Event up = keyUp(static_cast<SDLKey>(key));
-        Keyboard::keyRelease(&up);
-    }
-    Keyboard::releaseKeys();
+    releaseAllKeys();
     BattleTest::TearDown();
 }
 
 void MenuTest::press(SDLKey key) {
-    SDL_Event event = keyDown(key);
-    Keyboard::keyPress(&event);
-    menu->event(&event);
+    ::press(key);
+    send(keyDown(key));
 }
 
 void MenuTest::release(SDLKey key) {
-    SDL_Event event = keyUp(key);
-    Keyboard::keyRelease(&event);
-    menu->event(&event);
+    ::release(key);
+    send(keyUp(key));
 }
 
 void MenuTest::send(SDL_Event event) {

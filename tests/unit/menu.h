@@ -12,6 +12,8 @@ const Colour logoColour = {90, 0, 0};
 const Colour panelColour = {0, 90, 0};
 const Colour backgroundColour = {90, 90, 0};
 
+const int noFocus = -1; // of the menu
+
 // The colour of a row of the button strip that MenuTest paints, 0 to 25; every row has its own.
 Colour cellColour(int row);
 

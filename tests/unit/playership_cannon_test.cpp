@@ -163,7 +163,7 @@ TEST_F(PlayerShipCannonTest, withdrawsTheCannonballInFlightEvenWhenItLosesTheSho
 }
 
 TEST_F(PlayerShipCannonTest, firesEvery120FramesWhileTheKeyIsHeld) {
-    hold(SDLK_SPACE);
+    press(SDLK_SPACE);
     std::vector<int> frames;
     for (int frame = 0; frame < 400; ++frame) {
         ball1->visible = false;
@@ -176,12 +176,12 @@ TEST_F(PlayerShipCannonTest, firesEvery120FramesWhileTheKeyIsHeld) {
 }
 
 TEST_F(PlayerShipCannonTest, takesNoShotInAdvance) {
-    hold(SDLK_TAB);
+    press(SDLK_TAB);
     play(1);
-    letGo(SDLK_TAB);
+    release(SDLK_TAB);
     play(50);
-    hold(SDLK_TAB);
-    letGo(SDLK_TAB);
+    press(SDLK_TAB);
+    release(SDLK_TAB);
     play(100);
     EXPECT_EQ(ship1->reloading, 0);
 }
@@ -275,7 +275,7 @@ TEST_F(PlayerShipTeleportTest, staysWhereItIsWhileTheTeleportRecharges) {
 TEST_F(PlayerShipTeleportTest, jumpsThreeTimesAtLeast900FramesApart) {
     for (const int playerId : {1, 2}) {
         SCOPED_TRACE(playerId);
-        hold(playerId == 1 ? SDLK_z : SDLK_DELETE);
+        press(playerId == 1 ? SDLK_z : SDLK_DELETE);
         std::vector<int> frames;
         for (int frame = 0; frame < 3000; ++frame) {
             const int before = ship(playerId)->teleportCounter;
@@ -291,10 +291,10 @@ TEST_F(PlayerShipTeleportTest, jumpsThreeTimesAtLeast900FramesApart) {
 }
 
 TEST_F(PlayerShipTeleportTest, holdsFireFor300FramesAfterAJump) {
-    hold(SDLK_z);
-    letGo(SDLK_z);
+    press(SDLK_z);
+    release(SDLK_z);
     play(1);
-    hold(SDLK_TAB);
+    press(SDLK_TAB);
     int frame = 1;
     while (!ball1->visible && frame < 1000) {
         play(1);
@@ -306,8 +306,8 @@ TEST_F(PlayerShipTeleportTest, holdsFireFor300FramesAfterAJump) {
 
 TEST_F(PlayerShipTeleportTest, firesFromWhereItLeavesInTheFrameOfAJump) {
     place(ship1, 900, 300);
-    hold(SDLK_TAB);
-    hold(SDLK_z);
+    press(SDLK_TAB);
+    press(SDLK_z);
     srandom(4);
     play(1);
     EXPECT_THAT(ball1->pos, isAt(940, 340));
@@ -319,8 +319,8 @@ TEST_F(PlayerShipTeleportTest, firesFromWhereItLeavesInTheFrameOfAJump) {
 
 TEST_F(PlayerShipTeleportTest, sailsOnFromWhereItArrivesInTheFrameOfAJump) {
     place(ship1, 900, 300, headingRight, 6);
-    hold(SDLK_w);
-    hold(SDLK_z);
+    press(SDLK_w);
+    press(SDLK_z);
     srandom(4);
     play(1);
     EXPECT_THAT(ship1->rect, isAt(106, 400));

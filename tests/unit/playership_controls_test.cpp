@@ -55,7 +55,7 @@ protected:
 
 TEST_P(PlayerShipControlsTest, turnsLeftByAStepPerFrame) {
     steered->direction = 1.0;
-    hold(helm.left);
+    press(helm.left);
     steer(1);
     EXPECT_DOUBLE_EQ(steered->direction, 1.05);
     steer(9);
@@ -64,7 +64,7 @@ TEST_P(PlayerShipControlsTest, turnsLeftByAStepPerFrame) {
 
 TEST_P(PlayerShipControlsTest, turnsRightByAStepPerFrame) {
     steered->direction = 1.0;
-    hold(helm.right);
+    press(helm.right);
     steer(1);
     EXPECT_DOUBLE_EQ(steered->direction, 0.95);
     steer(9);
@@ -72,8 +72,8 @@ TEST_P(PlayerShipControlsTest, turnsRightByAStepPerFrame) {
 }
 
 TEST_P(PlayerShipControlsTest, turnsLeftWhenBothTurnKeysAreHeld) {
-    hold(helm.right);
-    hold(helm.left);
+    press(helm.right);
+    press(helm.left);
     steer(1);
     EXPECT_DOUBLE_EQ(steered->direction, 0.05);
 }
@@ -85,25 +85,25 @@ TEST_P(PlayerShipControlsTest, keepsTheHeadingWithoutAKey) {
 }
 
 TEST_P(PlayerShipControlsTest, neverNormalisesTheHeading) {
-    hold(helm.left);
+    press(helm.left);
     steer(1000);
     EXPECT_NEAR(steered->direction, 50.0, 1e-9);
-    letGo(helm.left);
+    release(helm.left);
     Keyboard::releaseKeys();
-    hold(helm.right);
+    press(helm.right);
     steer(2000);
     EXPECT_NEAR(steered->direction, -50.0, 1e-9);
 }
 
 TEST_P(PlayerShipControlsTest, turnsOnceForATapShorterThanAFrame) {
-    hold(helm.left);
-    letGo(helm.left);
+    press(helm.left);
+    release(helm.left);
     steer(3);
     EXPECT_DOUBLE_EQ(steered->direction, 0.05);
 }
 
 TEST_P(PlayerShipControlsTest, reachesTopSpeedInHalfPixelSteps) {
-    hold(helm.forward);
+    press(helm.forward);
     for (int frame = 1; frame < helm.framesToTopSpeed; ++frame) {
         steer(1);
         EXPECT_EQ(steered->velocity, 0.5 * frame) << frame;
@@ -128,8 +128,8 @@ TEST_P(PlayerShipControlsTest, coastsToRestInHalfPixelSteps) {
 }
 
 TEST_P(PlayerShipControlsTest, gainsAndLosesHalfAPixelForATap) {
-    hold(helm.forward);
-    letGo(helm.forward);
+    press(helm.forward);
+    release(helm.forward);
     steer(1);
     EXPECT_EQ(steered->velocity, 0.5);
     steer(1);
@@ -141,9 +141,9 @@ TEST_P(PlayerShipControlsTest, firesWithEachFireKey) {
         SCOPED_TRACE(key);
         steered->reloading = 0;
         ball(helm.playerId)->visible = false;
-        hold(key);
+        press(key);
         steer(1);
-        letGo(key);
+        release(key);
         Keyboard::releaseKeys();
         EXPECT_TRUE(ball(helm.playerId)->visible);
         EXPECT_FALSE(ball(3 - helm.playerId)->visible);
@@ -153,7 +153,7 @@ TEST_P(PlayerShipControlsTest, firesWithEachFireKey) {
 
 TEST_P(PlayerShipControlsTest, firesOnceWithAllFireKeysHeld) {
     for (const SDLKey key : helm.fire) {
-        hold(key);
+        press(key);
     }
     steer(1);
     EXPECT_TRUE(ball(helm.playerId)->visible);
@@ -165,7 +165,7 @@ TEST_P(PlayerShipControlsTest, firesOnceWithAllFireKeysHeld) {
 }
 
 TEST_P(PlayerShipControlsTest, jumpsWithTheTeleportKey) {
-    hold(helm.teleport);
+    press(helm.teleport);
     steer(1);
     EXPECT_EQ(steered->teleportCounter, 2);
     EXPECT_EQ(ship(3 - helm.playerId)->teleportCounter, 3);
@@ -176,7 +176,7 @@ TEST_P(PlayerShipControlsTest, ignoresEveryOtherKey) {
     bound.insert(bound.end(), helm.fire.begin(), helm.fire.end());
     for (int key = 0; key < SDLK_LAST; ++key) {
         if (std::count(bound.begin(), bound.end(), key) == 0) {
-            hold(static_cast<SDLKey>(key));
+            press(static_cast<SDLKey>(key));
         }
     }
     place(steered, 600, 600, 1.0, 3);
@@ -191,24 +191,24 @@ TEST_P(PlayerShipControlsTest, ignoresEveryOtherKey) {
 TEST_P(PlayerShipControlsTest, firesAlongTheHeadingOfThisFrame) {
     // A heading of 0.15 carries neither cannonball a whole pixel to the right, 0.2 carries both.
     steered->direction = helm.playerId == 1 ? 0.15 : 0.1;
-    hold(helm.left);
-    hold(helm.fire[0]);
+    press(helm.left);
+    press(helm.fire[0]);
     steer(1);
     EXPECT_EQ(ball(helm.playerId)->velocity.x, 1);
 }
 
 TEST_P(PlayerShipControlsTest, firesWithTheSpeedOfThisFrame) {
     steered->velocity = 1.5;
-    hold(helm.forward);
-    hold(helm.fire[0]);
+    press(helm.forward);
+    press(helm.fire[0]);
     steer(1);
     EXPECT_EQ(ball(helm.playerId)->velocity.y, helm.playerId == 1 ? 7 : 8);
 }
 
 TEST_P(PlayerShipControlsTest, firesBeforeItJumps) {
     place(steered, 900, 300);
-    hold(helm.fire[0]);
-    hold(helm.teleport);
+    press(helm.fire[0]);
+    press(helm.teleport);
     steer(1);
     EXPECT_TRUE(ball(helm.playerId)->visible);
     EXPECT_THAT(ball(helm.playerId)->pos, isAt(940, 340));
@@ -218,10 +218,10 @@ TEST_P(PlayerShipControlsTest, firesBeforeItJumps) {
 }
 
 TEST_P(PlayerShipControlsTest, doesAllAtOnce) {
-    hold(helm.left);
-    hold(helm.forward);
-    hold(helm.fire[0]);
-    hold(helm.teleport);
+    press(helm.left);
+    press(helm.forward);
+    press(helm.fire[0]);
+    press(helm.teleport);
     steer(1);
     EXPECT_DOUBLE_EQ(steered->direction, 0.05);
     EXPECT_EQ(steered->velocity, 0.5);
@@ -231,9 +231,9 @@ TEST_P(PlayerShipControlsTest, doesAllAtOnce) {
 
 TEST_P(PlayerShipControlsTest, leavesTheOtherShipAlone) {
     PlayerShip* other = ship(3 - helm.playerId);
-    hold(helm.left);
-    hold(helm.forward);
-    hold(helm.fire[0]);
+    press(helm.left);
+    press(helm.forward);
+    press(helm.fire[0]);
     other->keyboard();
     EXPECT_EQ(other->direction, 0.0);
     EXPECT_EQ(other->velocity, 0.0);
@@ -261,10 +261,10 @@ using PlayerShipStrangerTest = DuelTest;
 TEST_F(PlayerShipStrangerTest, obeysTheKeysOfPlayer2) {
     PlayerShip stranger(battle.get(), 3);
     place(&stranger, 600, 300);
-    hold(SDLK_LEFT);
-    hold(SDLK_UP);
-    hold(SDLK_RETURN);
-    hold(SDLK_d);
+    press(SDLK_LEFT);
+    press(SDLK_UP);
+    press(SDLK_RETURN);
+    press(SDLK_d);
     stranger.keyboard();
     EXPECT_DOUBLE_EQ(stranger.direction, 0.05);
     EXPECT_EQ(stranger.velocity, 0.5);

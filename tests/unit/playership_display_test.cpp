@@ -5,8 +5,8 @@
 
 #include <string>
 
+#include "drawing.h"
 #include "duel.h"
-#include "flips.h"
 #include "keyboard.h"
 #include "main.h"
 #include "pictures.h"
@@ -69,8 +69,8 @@ TEST_F(PlayerShipDisplayTest, letsTheWaterShowThroughTheSheet) {
 
 TEST_F(PlayerShipDisplayTest, readsTheKeysThenMovesThenDraws) {
     place(ship1, 300, 400, headingRight - 0.05, 5.5);
-    hold(SDLK_a);
-    hold(SDLK_w);
+    press(SDLK_a);
+    press(SDLK_w);
     update(1);
     EXPECT_THAT(ship1->rect, isAt(306, 400));
     EXPECT_EQ(pixel(battle->world, 306, 450), shipFrameColour(19));
@@ -94,7 +94,7 @@ TEST_F(PlayerShipDisplayTest, countsBothTimersDownToNought) {
 }
 
 TEST_F(PlayerShipDisplayTest, countsTheFrameOfTheShotAlready) {
-    hold(SDLK_RETURN);
+    press(SDLK_RETURN);
     update(2);
     EXPECT_EQ(ship2->reloading, 119);
     EXPECT_EQ(ship2->maxReloading, 120);
@@ -102,7 +102,7 @@ TEST_F(PlayerShipDisplayTest, countsTheFrameOfTheShotAlready) {
 }
 
 TEST_F(PlayerShipDisplayTest, countsTheFrameOfTheJumpAlready) {
-    hold(SDLK_DELETE);
+    press(SDLK_DELETE);
     update(2);
     EXPECT_EQ(ship2->reloading, 299);
     EXPECT_EQ(ship2->teleportRecharge, 899);
@@ -300,8 +300,8 @@ TEST_P(PlayerShipPanelTest, fillsTheDialInEqualSteps) {
 }
 
 TEST_P(PlayerShipPanelTest, looksLoadedTwoFramesEarly) {
-    hold(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
-    letGo(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
+    press(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
+    release(panel.playerId == 1 ? SDLK_TAB : SDLK_RETURN);
     int frames = 0;
     do {
         update();
@@ -312,8 +312,8 @@ TEST_P(PlayerShipPanelTest, looksLoadedTwoFramesEarly) {
 }
 
 TEST_P(PlayerShipPanelTest, looksLoadedSevenFramesEarlyAfterATeleport) {
-    hold(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
-    letGo(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
+    press(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
+    release(panel.playerId == 1 ? SDLK_z : SDLK_DELETE);
     int frames = 0;
     do {
         update();

@@ -167,13 +167,13 @@ TEST_F(PlayerShipHeadingTest, hasAPhaseAtEveryHeadingNearTheLastBorder) {
 TEST_F(PlayerShipHeadingTest, hasAPhaseInEveryFrameOfALongTurn) {
     for (const SDLKey key : {SDLK_a, SDLK_d}) {
         place(ship1, 0, 0);
-        hold(key);
+        press(key);
         for (int frame = 0; frame < 3000; ++frame) {
             fillAll(canvas.get(), waterColour);
             ship1->update(canvas.get());
             ASSERT_FALSE(pixel(canvas.get(), 50, 50) == waterColour) << ship1->direction;
         }
-        letGo(key);
+        release(key);
         play(1);
     }
 }

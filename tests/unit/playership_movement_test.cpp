@@ -87,7 +87,7 @@ TEST_F(PlayerShipMovementTest, neverMakesUpForDroppedFractions) {
 
 TEST_F(PlayerShipMovementTest, sails36PixelsWhilePlayer1Accelerates) {
     place(ship1, 600, 600);
-    hold(SDLK_w);
+    press(SDLK_w);
     play(12);
     EXPECT_EQ(ship1->velocity, 6);
     EXPECT_THAT(ship1->rect, isAt(600, 636));
@@ -95,7 +95,7 @@ TEST_F(PlayerShipMovementTest, sails36PixelsWhilePlayer1Accelerates) {
 
 TEST_F(PlayerShipMovementTest, sails25PixelsWhilePlayer2Accelerates) {
     place(ship2, 600, 600);
-    hold(SDLK_UP);
+    press(SDLK_UP);
     play(10);
     EXPECT_EQ(ship2->velocity, 5);
     EXPECT_THAT(ship2->rect, isAt(600, 625));

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "flips.h"
+#include "drawing.h"
 #include "librarycalls.h"
 #include "main.h"
 #include "recordingmode.h"

@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "credits.h"
-#include "flips.h"
+#include "drawing.h"
 #include "gameover.h"
 #include "helpscreen.h"
 #include "main.h"

@@ -6,24 +6,23 @@
 #include <cstdlib>
 #include <string>
 
+#include "events.h"
 #include "fixedclock.h"
 #include "librarycalls.h"
 
 namespace {
 
-VirtualFrames* frames = nullptr;
 const std::size_t patience = 10000; // frames; a loop that goes on after that never ends
 
 } // namespace
 
-VirtualFrames::VirtualFrames() : ticks(1000), oversleep(0), frame(0), next(0) {
-    frames = this;
-    fixedSeconds = 1000000;
+VirtualFrames::VirtualFrames() : time(1000), oversleep(0), frame(0), next(0) {
+    eventSource = this;
+    stopClock(1000000);
 }
 
 VirtualFrames::~VirtualFrames() {
-    frames = nullptr;
-    fixedSeconds.reset();
+    eventSource = nullptr;
 }
 
 int VirtualFrames::poll(SDL_Event* event) {
@@ -34,9 +33,7 @@ int VirtualFrames::poll(SDL_Event* event) {
         std::abort();
     }
     if (frame == events.size()) {
-        SDL_Event quit = {};
-        quit.type = SDL_QUIT;
-        events.push_back({quit});
+        events.push_back({otherEvent(SDL_QUIT)});
     }
     if (next == events[frame].size()) {
         ++frame;
@@ -48,29 +45,11 @@ int VirtualFrames::poll(SDL_Event* event) {
     return 1;
 }
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
-extern "C" {
-
-int __real_SDL_PollEvent(SDL_Event* event);
-Uint32 __real_SDL_GetTicks();
-void __real_SDL_Delay(Uint32 ms);
-
-int __wrap_SDL_PollEvent(SDL_Event* event) {
-    return frames == nullptr ? __real_SDL_PollEvent(event) : frames->poll(event);
+Uint32 VirtualFrames::ticks() {
+    return time;
 }
 
-Uint32 __wrap_SDL_GetTicks() {
-    return frames == nullptr ? __real_SDL_GetTicks() : frames->ticks;
+void VirtualFrames::delay(Uint32 milliseconds) {
+    note("SDL_Delay(" + std::to_string(milliseconds) + ")");
+    time += milliseconds + oversleep;
 }
-
-void __wrap_SDL_Delay(Uint32 ms) {
-    if (frames == nullptr) {
-        __real_SDL_Delay(ms);
-        return;
-    }
-    note("SDL_Delay(" + std::to_string(ms) + ")");
-    frames->ticks += ms + frames->oversleep;
-}
-
-} // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

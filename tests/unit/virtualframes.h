@@ -6,28 +6,29 @@
 #include <functional>
 #include <vector>
 
-#include <SDL.h>
+#include "eventsource.h"
 
 // Gives the main loop scripted events and a clock that moves only when told to, or by SDL_Delay,
 // while it lives; one at a time. The calendar clock stands still meanwhile. Delays are noted among
 // the LibraryCalls.
-class VirtualFrames {
+class VirtualFrames : public EventSource {
 public:
     VirtualFrames();
-    ~VirtualFrames();
+    ~VirtualFrames() override;
     VirtualFrames(const VirtualFrames&) = delete;
     VirtualFrames& operator=(const VirtualFrames&) = delete;
 
     // What each frame polls. The frame after the last of them polls a quit event.
     std::vector<std::vector<SDL_Event>> events;
     std::function<void()> atStart; // runs when the first frame polls for the first time
-    Uint32 ticks;                  // milliseconds
+    Uint32 time;                   // milliseconds
     Uint32 oversleep;              // what every SDL_Delay takes beyond what it was asked for
 
-    // For the functions that stand before the library's.
-    int poll(SDL_Event* event);
-
 private:
+    int poll(SDL_Event* event) override;
+    Uint32 ticks() override;
+    void delay(Uint32 milliseconds) override;
+
     std::size_t frame;
     std::size_t next; // event of the frame
 };

@@ -14,10 +14,3 @@ void WholeGameTest::SetUp() {
 int WholeGameTest::run() {
     return morvaneMain(0, nullptr);
 }
-
-Outcome WholeGameTest::runToTheBitterEnd() {
-    calls.file = directory.path / "calls";
-    const Outcome outcome = runInChild([this] { run(); });
-    calls.log = linesOf(calls.file);
-    return outcome;
-}

@@ -3,11 +3,8 @@
 
 #pragma once
 
-#include <string>
-
 #include <gtest/gtest.h>
 
-#include "childprocess.h"
 #include "gamedata.h"
 #include "librarycalls.h"
 #include "virtualframes.h"
@@ -20,10 +17,6 @@ protected:
 
     // Runs the program and returns its result.
     int run();
-
-    // Runs the program in a child process, for failures that end it, and leaves its calls in the
-    // log.
-    Outcome runToTheBitterEnd();
 
     TemporaryDirectory directory;
     VirtualFrames frames;
