@@ -5,7 +5,7 @@
 // The picture's own script darkens her to a silhouette.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
-#declare Through = .022;
+#declare Through = .16;
 #declare Cloth = .55;
 #declare Lamps = 1.7;
 #include "vessel.inc"
@@ -17,5 +17,5 @@ camera{ orthographic location <0,29.25,-400> direction z*400 up y*62.5 right x*8
 // The moon stands behind her; the sky in front keeps a trace of form in cloth and wood.
 light_source{ <420,420,900> rgb <1,.86,.62>*1.2 area_light x*400,y*400,4,4 adaptive 1
   circular orient parallel point_at 0 }
-light_source{ <-500,900,-900> rgb <.36,.50,.86>*.10 shadowless parallel point_at 0 }
+light_source{ <-500,900,-900> rgb <.36,.50,.86>*.17 shadowless parallel point_at 0 }
 #include "poses.inc"
