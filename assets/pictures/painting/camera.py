@@ -78,5 +78,5 @@ class Pose:
 
 
 # The menu's panel hides 255 to 545 across.
-FIRST = Pose('First', -35, 4, .6, (-55.4, .2, 148), 22, (.50, .20, .84))
-SECOND = Pose('Second', -73, 2, -.4, (46.0, .1, 150), 18, (-.55, .20, .81))
+FIRST = Pose('First', -35, 4, .6, (-64.5, .2, 172), 22, (.50, .20, .84))
+SECOND = Pose('Second', -73, 2, -.4, (42.0, .1, 150), 18, (-.55, .20, .81))

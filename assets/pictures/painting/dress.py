@@ -99,7 +99,7 @@ def write(work):
     save(work, 'course', cloth(1, 14, (.18,)))
     save(work, 'topsail', cloth(4, 11, (.16, .31)))
     save(work, 'jib', cloth(7, 9, ()))
-    for name, field, upper in (('first', 'a01c16', '6e1b14'), ('second', '1f4488', '182f58')):
+    for name, field, upper in (('first', '8c2a22', '6e1b14'), ('second', '2c4674', '182f58')):
         save(work, 'ensign_' + name, ensign(field, name == 'second'))
         save(work, 'side_' + name, side_paint(upper))
     save(work, 'transom', windows(7, ((.30, .44), (.52, .68)), '3a1d10'))

@@ -13,9 +13,9 @@ global_settings{ assumed_gamma 1.0 max_trace_level 6 }
   #declare T_Ensign = texture{ Laid(Flag) finish{ diffuse .7, .5 } };
   #declare T_Pennant = texture{ pigment{ srgb Streamer } finish{ diffuse .8, .5 } };
 #end
-Dressed("side_first.png", "ensign_first.png", <.74,.13,.10>)
+Dressed("side_first.png", "ensign_first.png", <.60,.19,.16>)
 #include "first.inc"
-Dressed("side_second.png", "ensign_second.png", <.16,.32,.66>)
+Dressed("side_second.png", "ensign_second.png", <.22,.33,.54>)
 #include "second.inc"
 camera{ perspective location <0,Eye,0> direction z*Focus up y*806 right x*800 }
 #macro Lit(Ship, Sun)

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The light of the painting's evening: haze, rays, the sun's disc and the tones of the whole.
+"""The light of the painting's evening: haze, horizon, the sun's disc and the tones of the whole.
 
 `x` and `y` are the cells' positions in finished pixels, `scale` the cells a pixel.
 To change: SUN is where the sun stands, `grade` makes the tones.
@@ -61,18 +61,14 @@ class Dusk:
     def warm(self, colour):
         """A ship's colours in this light: golden, and dimmer the farther from the sun."""
         away = np.hypot(self.x - SUN[0], .6 * (self.y - SUN[1]))
-        fall = (1.10 - .48 * smoothstep(away, 120, 440))[..., None]
+        fall = (1.10 - .62 * smoothstep(away, 120, 420))[..., None]
         return colour * fall * linear('ffe8ce')
 
-    def rays(self):
-        """Faint beams between the clouds, wider and weaker away from the sun."""
-        dx, dy = self.x - SUN[0], self.y - SUN[1]
-        turn = ((np.arctan2(dy, dx) / (2 * np.pi) + .5) * 1023).astype(int)
-        beam = gaussian_filter(fbm(1, 1024, 91, 1.1)[0], 5, mode='wrap')
-        away = np.hypot(dx, dy)
-        light = .085 * np.clip(beam[turn], -.4, 1.6) * np.exp(-away / 170)
-        light = light * np.clip(away / 40, 0, 1) * (self.y < VIEW.horizon)
-        return light[..., None] * linear('ffb860')
+    def horizon(self, c):
+        """The line between sky and sea, softened by some pixels and lost below the sun."""
+        near = np.exp(-(np.abs(self.x - SUN[0]) / 110) ** 2)
+        band = np.exp(-((self.y - VIEW.horizon) / (3.5 + 5 * near)) ** 2)
+        return lay(c, gaussian_filter(c, (2.6 * self.scale, 3 * self.scale, 0)), band)
 
     def sun(self, o):
         """Her disc, which melts into the haze downwards, within halos, each wider and redder.
@@ -84,7 +80,10 @@ class Dusk:
         soft = 1.8 + 2.6 * np.clip((self.y - SUN[1]) / 18 + .4, 0, 1)
         disc = 1 / (1 + np.exp(np.clip((r - 17) / soft, -50, 50)))
         bars = self.noise(95, 1.5, sx=9.)
-        veil = 1 - .45 * smoothstep(bars, .2, 1.3) * np.clip((self.y - SUN[1] + 8) / 20, 0, 1)
+        # A bar of cloud before her, and haze over her lower half.
+        bar = np.exp(-((self.y - SUN[1] - 4 - 1.5 * bars) / 3.2) ** 2)
+        haze = smoothstep(self.y, SUN[1] - 6, SUN[1] + 16)
+        veil = (1 - .55 * bar) * (1 - .70 * haze)
         for light, colour in ((disc * veil, 'fffbe6'), (.62 * np.exp(-r / 15), 'ffe49a'),
                               (.40 * np.exp(-r / 48), 'ffc468'),
                               (.20 * np.exp(-r / 150), 'ff9a50')):

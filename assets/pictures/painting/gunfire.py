@@ -101,7 +101,7 @@ def tongues(dusk, pose):
         if age > FLASH:
             continue
         strength = 1 - (age / FLASH) ** 2 * .8
-        reach = 5.6 * (.6 + .4 * strength)
+        reach = 3.4 * (.6 + .4 * strength)
         start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * reach]))
         along = end - start
         # One that points at the eye is seen short, but never as a mere dot.

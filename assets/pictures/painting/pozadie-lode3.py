@@ -67,11 +67,10 @@ def compose(work):
     ships = render_ships(work)
     halves = [ships * side[..., None] for side in (dusk.x < 400, dusk.x >= 400)]
     c, colours = backdrop(dusk)
-    c = c + dusk.rays()
     sea = Sea(W, H, SCALE)
     water = sea.water(colours, mirrored(list(zip((FIRST, SECOND), halves))), glitter)
     c[sea.top:] = sea.whitecaps(dusk.ripples(water, sea.top))
-    c = dusk.haze(c) + dusk.path()
+    c = dusk.horizon(dusk.haze(c) + dusk.path())
     light = 0
     for pose, ship, part, seed in ((FIRST, halves[0], ((0, 250), (380, 230)), 51),
                                    (SECOND, halves[1], ((440, 250), (360, 250)), 65)):
