@@ -68,7 +68,7 @@ def clouds(c, colour, away):
     lit = linear('2b3a5c') + linear('b9ad92') * (.66 * near)
     colour = blend(colour, lit, strip)
     edge = np.exp(-((low - 4) / 7) ** 2)[..., None]
-    dark = linear('131d36') + linear('5f6c86') * (.30 + .9 * near) * edge
+    dark = linear('17223d') + linear('6f7d98') * (.45 + .9 * near) * edge
     return blend(colour, dark, bank)
 
 
@@ -138,6 +138,7 @@ def column(middle, narrow, widening, strength, fall, top=HORIZON):
     wander = 3 * np.sin(down / 9) * np.clip(down / 90, 0, 1)
     side = np.abs(x - middle + wander) / (narrow + widening * down)
     glints = smoothstep(waves - 1.5 * side ** 1.6 + .9 * np.exp(-down / 16), .0, .9)
+    glints = gaussian_filter(glints, (.3 * SCALE, .7 * SCALE))
     # Behind the word the water lies quieter.
     calm = 1 - .62 * np.exp(-((y - 364) / 19) ** 2 - ((x - W / 2) / 105) ** 4)
     fade = np.exp(-np.clip(y - top, 0, None) / fall) * smoothstep(y, top, top + 1.5)
@@ -156,7 +157,7 @@ def with_ship(picture, dark, work):
     libraries = povray.prepare(work, HERE)
     dress.write(work)
     # Few and large panes: at this distance more would run together.
-    dress.save(work, 'transom', dress.windows(4, ((.30, .46), (.54, .70)), '160b06'))
+    dress.save(work, 'transom', dress.windows(3, ((.30, .66),), '160b06'))
     vessel.write(work / 'first.inc', POSE.name, BLOW, POSE.brace)
     (work / 'poses.inc').write_text('object{ %s %s }\n' % (POSE.name, POSE.matrix()))
     povray.render(HERE / 'night.pov', work / 'ship.png', [SCALE * side for side in SHIP_SIZE],
