@@ -157,7 +157,7 @@ def with_ship(picture, dark, work):
     libraries = povray.prepare(work, HERE)
     dress.write(work)
     # Few and large panes: at this distance more would run together.
-    dress.save(work, 'transom', dress.windows(3, ((.30, .66),), '160b06'))
+    dress.save(work, 'gallery', dress.windows(3, ((.28, .48), (.56, .74)), '160b06'))
     vessel.write(work / 'first.inc', POSE.name, BLOW, POSE.brace)
     (work / 'poses.inc').write_text('object{ %s %s }\n' % (POSE.name, POSE.matrix()))
     povray.render(HERE / 'night.pov', work / 'ship.png', [SCALE * side for side in SHIP_SIZE],
