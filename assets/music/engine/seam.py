@@ -66,10 +66,12 @@ def seam(played, loop, stream):
     """
     heard, source = played[:, 0], loop[:, 0]
     count, probe = len(source), 2 * RATE
-    start = _lag(source[probe:probe + 60000], heard[:count + 40000]) - probe
+    # Only near the beginning: a later, louder passage with the same notes would match better.
+    known, beginning = source[probe:probe + 60000], probe + 100000
+    start = _lag(known, heard[:beginning]) - probe
     first = start + probe
     second = _lag(heard[first:first + 60000], heard[first + count - 20000:first + count + 80000])
-    unbroken = _lag(source[probe:probe + 60000], stream[:count, 0]) - probe + count
+    unbroken = _lag(known, stream[:beginning, 0]) - probe + count
     around = heard[start + count - WINDOW // 2:start + count + WINDOW // 2]
     wanted = np.concatenate([source[-WINDOW // 2:], source[:WINDOW // 2]])
     errors = [_error(heard[start + at:start + at + WINDOW], source[at:at + WINDOW])
