@@ -15,13 +15,13 @@ import threading
 import time
 
 import numpy
-from PIL import ImageGrab
 from Xlib import X, display
 from Xlib.error import ConnectionClosedError, DisplayConnectionError
 from Xlib.ext import xtest
 
 from .stage import HEIGHT, WIDTH, Stage, StageError, stop_process
 
+ALL_PLANES = 0xFFFFFFFF
 # A desktop repeats a held key as a release and a press at once. A release counts only when no press
 # has followed it by then.
 RELEASE_AFTER = 0.015  # seconds
@@ -43,6 +43,7 @@ class WindowDisplay:
             self.name = ":" + number.readline().strip()
         if self.name == ":":
             raise StageError(f"no window can be opened on the X display {os.environ['DISPLAY']}")
+        self.root = display.Display(self.name).screen().root
         self._copy_layout()
 
     def _copy_layout(self):
@@ -55,11 +56,10 @@ class WindowDisplay:
 
     def picture(self):
         try:
-            image = ImageGrab.grab(xdisplay=self.name)
-        except OSError:
+            image = self.root.get_image(0, 0, WIDTH, HEIGHT, X.ZPixmap, ALL_PLANES)
+        except ConnectionClosedError:
             raise StageError("the window was closed") from None
-        pixels = numpy.frombuffer(image.convert("RGBX").tobytes("raw", "BGRX"), numpy.uint32)
-        return pixels.reshape(HEIGHT, WIDTH) & 0xFFFFFF
+        return numpy.frombuffer(image.data, numpy.uint32).reshape(HEIGHT, WIDTH) & 0xFFFFFF
 
     def stop(self):
         stop_process(self.process, signal.SIGTERM)
