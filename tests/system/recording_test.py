@@ -21,6 +21,7 @@ REPLAYS = Path(__file__).resolve().parents[1] / "replay"
 TRACKS = ("music1.mp3", "music2.mp3", "music3.mp3")
 SEED = 11
 COMPARED = 14  # displays
+PATIENCE = 120  # seconds, on a machine that is very busy
 
 
 @pytest.fixture
@@ -46,14 +47,14 @@ def record_session(stage, directory):
     time.sleep(0.5)
     for key in ("w", "a", "Tab", "Up", "Right", "Return"):
         stage.press(key)
-    time.sleep(1.5)
+    wait_for_pictures(directory, 9)
     stage.press("z")
     stage.press("Delete")
     for key in ("a", "Right"):
         stage.release(key)
     stage.press("d")
     stage.press("Left")
-    time.sleep(1.5)
+    wait_for_pictures(directory, 9)
     for key in sorted(stage.held):
         stage.release(key)
     stage.tap("Escape")
@@ -61,11 +62,17 @@ def record_session(stage, directory):
     stage.close_window()
 
 
-def wait_for_frame(directory, frame, timeout=30):
-    deadline = time.monotonic() + timeout
+def wait_for_frame(directory, frame):
+    deadline = time.monotonic() + PATIENCE
     while not (directory / f"{frame}.bmp").exists():
         assert time.monotonic() < deadline, f"frame {frame} never came"
         time.sleep(0.01)
+
+
+def wait_for_pictures(directory, count):
+    """Waits until so many more frames have been recorded as pictures, as one in ten is."""
+    last = max(int(path.stem) for path in directory.glob("*.bmp"))
+    wait_for_frame(directory, last + 10 * count)
 
 
 def pixels(path):
