@@ -1,15 +1,34 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""A data directory of small files, with which the game starts in a moment."""
+"""The game's files, and a data directory of small ones, with which the game starts in a moment."""
 
 import shutil
 import struct
 import zlib
+from collections import namedtuple
+
+# Size: as the game needs it, or near the real one where any will do.
+Picture = namedtuple("Picture", "size has_alpha")
 
 # In the order in which the game loads them.
-PICTURES = ("logo.png", "menu.png", "tlacitka.png", "pozadie-lode3.png", "brannoc4f.png",
-            "presentsscreen1.png", "bar1.png", "bar2.png", "kruh.png", "voda.png", "lod1.png",
-            "strela2.png", "cball.png", "prekazka1.png", "prekazka2.png", "prekazka3.png")
+PICTURES = {
+    "logo.png": Picture((500, 150), True),
+    "menu.png": Picture((300, 440), True),
+    "tlacitka.png": Picture((200, 1118), True),
+    "pozadie-lode3.png": Picture((800, 600), False),
+    "brannoc4f.png": Picture((500, 400), False),
+    "presentsscreen1.png": Picture((640, 440), False),
+    "bar1.png": Picture((400, 100), False),
+    "bar2.png": Picture((400, 100), False),
+    "kruh.png": Picture((621, 345), False),
+    "voda.png": Picture((325, 325), False),
+    "lod1.png": Picture((600, 600), True),
+    "strela2.png": Picture((64, 64), True),
+    "cball.png": Picture((20, 20), True),
+    "prekazka1.png": Picture((220, 180), True),
+    "prekazka2.png": Picture((130, 100), True),
+    "prekazka3.png": Picture((60, 60), True),
+}
 FONT = "papyrus.ttf"
 TRACKS = ("music1.mp3", "music2.mp3", "music3.mp3")
 MARKER = "morvane.dat"
