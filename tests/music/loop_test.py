@@ -6,20 +6,18 @@ The pieces are played by the real mixer into a file, by way of SDL's disk driver
 depends on how fast that goes.
 """
 import os
-import subprocess
-import time
 from dataclasses import dataclass
 from pathlib import Path
 
 import numpy
 import pytest
 
+import mixrecording
 from engine import loopmp3
 
 DATA = Path(__file__).resolve().parents[2] / 'data'
 PIECES = sorted(DATA.glob('music*.mp3'))
 PLAYER = os.environ.get('MUSIC_PLAYER')
-PATIENCE = 900                  # seconds
 SEAMS = 3
 NEAR = .14                      # seconds on either side of a seam that are looked at
 SETTLED = .11                   # seconds after which it no longer matters where decoding began
@@ -39,46 +37,8 @@ A_WHILE = 2                     # seconds by which a beginning is recognised
 pytestmark = pytest.mark.skipif(not PLAYER, reason='MUSIC_PLAYER names no player')
 
 
-def loaded_libraries(process):
-    """The SDL libraries a process has loaded, under their real names."""
-    maps = Path(f'/proc/{process.pid}/maps').read_text().split()
-    return {Path(word) for word in maps if '/libSDL-1.2.so' in word}
-
-
-def output_rate(libraries):
-    """The compatibility library opens the device at a rate of its own and converts."""
-    return 44100 if any('.so.1.2.' in library.name for library in libraries) else loopmp3.RATE
-
-
-def first_sounds(raw, count):
-    """That many samples from the first sound on, or None if there are not so many yet."""
-    if not raw.exists() or raw.stat().st_size < count * 4:
-        return None
-    samples = numpy.fromfile(raw, '<i2')
-    samples = samples[:len(samples) // 2 * 2].reshape(-1, 2)
-    # The mixer runs for a while before the music begins.
-    sounding = samples.any(axis=1)
-    start = int(sounding.argmax()) if sounding.any() else len(samples)
-    return samples[start:start + count] / 32768 if start + count <= len(samples) else None
-
-
 def recording(piece, seconds, *halt, delay='0'):
-    """What the mixer plays, its rate and the SDL libraries in use."""
-    raw, libraries, sound = piece.with_suffix('.raw'), set(), None
-    environment = {**os.environ, 'SDL_VIDEODRIVER': 'dummy', 'SDL_AUDIODRIVER': 'disk',
-                   'SDL_DISKAUDIOFILE': str(raw), 'SDL_DISKAUDIODELAY': delay}
-    with subprocess.Popen([PLAYER, piece, str(PATIENCE * 1000), *halt], env=environment,
-                          stderr=subprocess.PIPE) as process:
-        while process.poll() is None and sound is None:
-            time.sleep(.05)
-            libraries = libraries or loaded_libraries(process)
-            rate = output_rate(libraries)
-            sound = first_sounds(raw, int(seconds * rate)) if libraries else None
-        process.kill()
-        complaint = process.stderr.read().decode()
-    raw.unlink(missing_ok=True)
-    assert sound is not None, complaint
-    return sound, rate, libraries
+    return mixrecording.record(PLAYER, piece, seconds, *halt, delay=delay)
 
 
 @dataclass

@@ -25,7 +25,7 @@ public:
         wanderer // more in the menus than at sea; may end the program
     };
 
-    // The style is drawn from the seed.
+    // The seed decides the style.
     explicit SeededPlayer(std::uint64_t seed);
     SeededPlayer(std::uint64_t seed, Style style);
 

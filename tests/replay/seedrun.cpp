@@ -121,7 +121,7 @@ public:
             if (child.process == 0) {
                 run = std::make_unique<SeedRun>(seed, shown);
                 surroundings.conductor = run.get();
-                // As the game would have been seeded; it has drawn nothing yet.
+                // As the game would have been seeded; it has used no random number yet.
                 std::srand(static_cast<unsigned>(seed));
                 return run->eventsOf(frame);
             }

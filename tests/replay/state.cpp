@@ -7,6 +7,7 @@
 #include "bullet.h"
 #include "credits.h"
 #include "drawing.h"
+#include "fakemixer.h"
 #include "gamehandler.h"
 #include "gameover.h"
 #include "helpscreen.h"
@@ -172,16 +173,16 @@ template <typename Reader> void readMode(Reader& reader) {
 
 template <typename Reader> void readSurroundings(Reader& reader) {
     reader.begin("dice", 0);
-    reader.number("draws", static_cast<long>(surroundings.draws));
-    reader.number("lastDraw", surroundings.lastDraw);
+    reader.number("draws", static_cast<long>(surroundings.numbers));
+    reader.number("lastDraw", surroundings.lastNumber);
     reader.begin("music", 0);
     reader.number("current", Music::current());
-    reader.number("playing", surroundings.playing);
-    reader.number("loops", surroundings.loops);
+    reader.number("playing", mixer.playing);
+    reader.number("loops", mixer.loops);
     for (int track = 0; track <= 3; ++track) {
-        reader.number("starts", surroundings.starts[track]);
+        reader.number("starts", mixer.starts[track]);
     }
-    reader.number("halts", surroundings.halts);
+    reader.number("halts", mixer.halts);
     reader.begin("display", 0);
     reader.number("flips", drawing.flips);
 }

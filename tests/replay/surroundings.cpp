@@ -27,8 +27,8 @@ namespace {
 
 std::vector<SDL_Event> pending;
 std::size_t nextEvent = 0;
-bool polling = false; // the frame has begun to poll
-bool waiting = false; // the frame has polled all its events
+bool polling = false; // the main loop has begun to poll in this frame
+bool waiting = false; // it has polled all events
 ProgramMode* requested = nullptr;
 std::vector<ProgramMode*> lost;
 
@@ -91,10 +91,10 @@ Uint32 ReplayedEvents::ticks() {
     return surroundings.ticks;
 }
 
-long noteDraw(long drawn) {
-    ++surroundings.draws;
-    surroundings.lastDraw = drawn;
-    return drawn;
+long noteNumber(long number) {
+    ++surroundings.numbers;
+    surroundings.lastNumber = number;
+    return number;
 }
 
 } // namespace
@@ -124,11 +124,11 @@ long __real_random();
 void __real__ZN10PlayerShip6wasHitEv(PlayerShip* ship);
 
 int __wrap_rand() {
-    return static_cast<int>(noteDraw(__real_rand()));
+    return static_cast<int>(noteNumber(__real_rand()));
 }
 
 long __wrap_random() {
-    return noteDraw(__real_random());
+    return noteNumber(__real_random());
 }
 
 // PlayerShip::wasHit(), the one place that may ask for a mode twice within one update.

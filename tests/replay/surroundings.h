@@ -18,14 +18,14 @@ class Conductor {
 public:
     virtual ~Conductor();
 
-    // What the frame polls; called when it polls for the first time.
+    // The events of a frame; called when the main loop polls for the first time in it.
     virtual std::vector<SDL_Event> eventsOf(int frame) = 0;
 
-    // Called once the frame has done all its work and begins to wait.
+    // Called once all work of the frame is done and the main loop begins to wait.
     virtual void frameEnded(int frame) = 0;
 };
 
-// What surrounds the game in a replay: events, time, random numbers and the mixer. --wrap redirects
+// What surrounds the game in a replay: events, time and random numbers. --wrap redirects
 // the game's calls; what the libraries call among themselves is not touched.
 struct Surroundings {
     Conductor* conductor = nullptr;
@@ -34,12 +34,8 @@ struct Surroundings {
     bool keepsSurfaces = true; // false: new surfaces share their pixels, for replays without any
 
     // Counted since the start.
-    std::uint64_t draws = 0; // from the random generator
-    long lastDraw = 0;
-    int starts[4] = {}; // of each music track; the first counts tracks that do not exist
-    int halts = 0;
-    int playing = 0;   // track, 0 for none
-    int loops = 0;     // that the last track was asked for
+    std::uint64_t numbers = 0; // taken from the random generator
+    long lastNumber = 0;
     int lostModes = 0; // requests for a mode that a later request of the same frame replaced
 };
 

@@ -2,11 +2,8 @@
 # SPDX-License-Identifier: MIT
 """What the tests of sound share: the game's mix in a file, and what each track sounds like."""
 
-import os
 import re
 import shutil
-import subprocess
-import time
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -15,61 +12,30 @@ import pytest
 
 import gamerun
 import listening
+import mixrecording
 import smalldata
 
 PROJECT = Path(__file__).resolve().parents[2]
-# The compatibility library opens the device as it likes and converts.
-RATES = {"classic": listening.RATE, "compat": 44100}
 SAMPLES = PROJECT / "tests/support/data"
 DATA = {"tones": PROJECT / "tests/sound/data", "pieces": PROJECT / "data"}
-HEARD = 20     # seconds of each track, longer than any test plays it
-PATIENCE = 60  # seconds
+HEARD = 20  # seconds of each track, longer than any test plays it
 
 
 def pytest_addoption(parser):
     parser.addoption("--binary", default=str(PROJECT / "build/test/morvane"))
-    parser.addoption("--watch", required=True, help="the library that leads the game")
-    parser.addoption("--player", required=True, help="plays a file through the mixer, no more")
+    parser.addoption("--watch", required=True, help="the library that is preloaded")
+    parser.addoption("--player", required=True, help="only plays a file through the mixer")
     parser.addoption("--sdl", help="the SDL library it must be: classic or compat")
 
 
-@pytest.fixture(scope="session", name="sdl")
-def library_under_test(request):
+@pytest.fixture(scope="session", autouse=True)
+def library_asked_for(request):
     options = request.config.option
-    library = gamerun.sdl_library(options.binary)
-    assert options.sdl in (None, library)
-    return library
-
-
-def sound_of(raw):
-    if not raw.exists():
-        return []
-    return listening.without_silence_before(listening.read_mix(raw))
-
-
-def played(player, track, rate, folder):
-    """What the mixer makes of a track without the game, from its first sound on."""
-    raw = folder / "reference.raw"
-    environment = {**os.environ, "SDL_VIDEODRIVER": "dummy",
-                   "SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(raw),
-                   "SDL_DISKAUDIODELAY": "1"}
-    with subprocess.Popen([player, track, str(PATIENCE * 1000)], env=environment,
-                          stderr=subprocess.PIPE) as process:
-        # The mixer writes silence until the track is loaded, on a busy machine for long.
-        sound = []
-        while process.poll() is None and len(sound) < HEARD * rate:
-            time.sleep(.05)
-            sound = sound_of(raw)
-        process.kill()
-        complaint = process.stderr.read().decode()
-    sound = sound_of(raw)
-    raw.unlink()
-    assert len(sound) >= HEARD * rate, complaint
-    return sound[:HEARD * rate]
+    assert options.sdl in (None, gamerun.sdl_library(options.binary))
 
 
 @dataclass
-class Theatre:
+class Game:
     """The game in a data directory whose tracks are known."""
     binary: str
     watch: str
@@ -95,13 +61,16 @@ class Theatre:
         return listening.stretches(mix, self.tracks), outcome.marks(), mix
 
 
-@pytest.fixture(scope="module", name="theatre", params=DATA)
-def theatre_with_tracks(request, sdl, tmp_path_factory):
+@pytest.fixture(scope="module", name="game", params=DATA)
+def game_with_tracks(request, tmp_path_factory):
     options, root = request.config.option, tmp_path_factory.mktemp(request.param)
     smalldata.make(root / "data", SAMPLES)
     for name in smalldata.TRACKS:
         shutil.copy(DATA[request.param] / name, root / "data" / name)
-    tracks = {number: played(options.player, root / "data" / name, RATES[sdl], root)
-              for number, name in enumerate(smalldata.TRACKS, 1)}
+    tracks = {}
+    for number, name in enumerate(smalldata.TRACKS, 1):
+        sound, rate, _ = mixrecording.record(options.player, root / "data" / name, HEARD, delay="1",
+                                             silent=listening.SILENT)
+        tracks[number] = sound[:, 0]
     binary, watch = (str(Path(file).resolve()) for file in (options.binary, options.watch))
-    return Theatre(binary, watch, root, tracks, RATES[sdl])
+    return Game(binary, watch, root, tracks, rate)

@@ -30,10 +30,6 @@ def read_mix(file):
     return samples[:len(samples) // 2 * 2:2] / 32768
 
 
-def without_silence_before(sound):
-    return sound[silence_at(sound):]
-
-
 def likeness(mix, hint):
     """The correlation of a hint with the mix at each place, from -1 to 1."""
     size = 1 << (len(mix) + len(hint) - 1).bit_length()
@@ -51,7 +47,7 @@ def recognised(sound, tracks):
     best, number, alike = max(found, key=lambda entry: entry[0])
     if best < LIKENESS:
         return None
-    # A track comes round; the first of the places that are as good as the best is meant.
+    # A track is repeated; take the first of the places that are as good as the best.
     first = int((alike > best - AS_GOOD).argmax())
     return number, first + int(alike[first:first + BLOCK].argmax())
 
@@ -60,8 +56,8 @@ def matching_blocks(sound, track):
     """How many blocks of the sound are as in the track, one after the other."""
     count = min(len(sound), len(track)) // BLOCK
     heard = sound[:count * BLOCK].reshape(count, BLOCK)
-    meant = track[:count * BLOCK].reshape(count, BLOCK)
-    error = ((heard - meant) ** 2).mean(axis=1)
+    expected = track[:count * BLOCK].reshape(count, BLOCK)
+    error = ((heard - expected) ** 2).mean(axis=1)
     differs = error > (track ** 2).mean() * 10 ** (UNHEARD / 10)
     return int(differs.argmax()) if differs.any() else count
 

@@ -4,24 +4,21 @@
 #include "librarycalls.h"
 
 #include <cstdlib>
-#include <deque>
-#include <map>
 #include <sstream>
 
 #include <SDL.h>
 #include <SDL_image.h>
-#include <SDL_mixer.h>
 #include <SDL_ttf.h>
 
+#include "fakemixer.h"
 #include "main.h"
 #include "programmode.h"
 
 namespace {
 
 LibraryCalls* recorder = nullptr;
-std::map<const void*, std::string> names; // of music and fonts
-std::deque<char> pretended;               // what stands for music and fonts
-bool playing = false;                     // while pretending
+std::string fontName; // of the font opened last
+char pretendedFont;
 
 std::string nameOf(const std::string& line) {
     return line.substr(0, line.find('('));
@@ -70,24 +67,16 @@ bool pretending() {
     return recorder != nullptr && recorder->pretending;
 }
 
-template <typename Thing> Thing* pretend() {
-    pretended.push_back(0);
-    return reinterpret_cast<Thing*>(&pretended.back());
-}
-
-template <typename Thing> Thing* named(Thing* thing, const std::string& name) {
-    names[thing] = name;
-    return thing;
-}
-
 } // namespace
 
-LibraryCalls::LibraryCalls() : pretending(false) {
+LibraryCalls::LibraryCalls() {
     recorder = this;
+    mixer.onCall = fails;
 }
 
 LibraryCalls::~LibraryCalls() {
     recorder = nullptr;
+    mixer.onCall = nullptr;
 }
 
 std::vector<std::string> LibraryCalls::of(const std::set<std::string>& functions) const {
@@ -124,13 +113,6 @@ int __real_TTF_Init();
 TTF_Font* __real_TTF_OpenFont(const char* file, int size);
 void __real_TTF_CloseFont(TTF_Font* font);
 void __real_TTF_Quit();
-int __real_Mix_OpenAudio(int frequency, Uint16 format, int channels, int chunkSize);
-Mix_Music* __real_Mix_LoadMUS(const char* file);
-int __real_Mix_PlayMusic(Mix_Music* music, int loops);
-int __real_Mix_PlayingMusic();
-int __real_Mix_HaltMusic();
-void __real_Mix_FreeMusic(Mix_Music* music);
-void __real_Mix_CloseAudio();
 void __real_srand(unsigned seed);
 void __real__ZN11ProgramMode8activateEv(ProgramMode* mode);
 
@@ -196,11 +178,13 @@ TTF_Font* __wrap_TTF_OpenFont(const char* file, int size) {
     if (fails(call("TTF_OpenFont", file, size))) {
         return nullptr;
     }
-    return named(pretending() ? pretend<TTF_Font>() : __real_TTF_OpenFont(file, size), file);
+    fontName = file;
+    return pretending() ? reinterpret_cast<TTF_Font*>(&pretendedFont)
+                        : __real_TTF_OpenFont(file, size);
 }
 
 void __wrap_TTF_CloseFont(TTF_Font* font) {
-    note(call("TTF_CloseFont", names[font]));
+    note(call("TTF_CloseFont", fontName));
     if (!pretending()) {
         __real_TTF_CloseFont(font);
     }
@@ -210,51 +194,6 @@ void __wrap_TTF_Quit() {
     note("TTF_Quit()");
     if (!pretending()) {
         __real_TTF_Quit();
-    }
-}
-
-int __wrap_Mix_OpenAudio(int frequency, Uint16 format, int channels, int chunkSize) {
-    return fails(call("Mix_OpenAudio", frequency, hex(format), channels, chunkSize))
-               ? -1
-               : __real_Mix_OpenAudio(frequency, format, channels, chunkSize);
-}
-
-Mix_Music* __wrap_Mix_LoadMUS(const char* file) {
-    if (fails(call("Mix_LoadMUS", file))) {
-        return nullptr;
-    }
-    return named(pretending() ? pretend<Mix_Music>() : __real_Mix_LoadMUS(file), file);
-}
-
-int __wrap_Mix_PlayMusic(Mix_Music* music, int loops) {
-    if (fails(call("Mix_PlayMusic", names[music], loops))) {
-        return -1;
-    }
-    playing = true;
-    return pretending() ? 0 : __real_Mix_PlayMusic(music, loops);
-}
-
-int __wrap_Mix_PlayingMusic() {
-    return pretending() ? static_cast<int>(playing) : __real_Mix_PlayingMusic();
-}
-
-int __wrap_Mix_HaltMusic() {
-    note("Mix_HaltMusic()");
-    playing = false;
-    return pretending() ? 0 : __real_Mix_HaltMusic();
-}
-
-void __wrap_Mix_FreeMusic(Mix_Music* music) {
-    note(call("Mix_FreeMusic", names[music]));
-    if (!pretending()) {
-        __real_Mix_FreeMusic(music);
-    }
-}
-
-void __wrap_Mix_CloseAudio() {
-    note("Mix_CloseAudio()");
-    if (!pretending()) {
-        __real_Mix_CloseAudio();
     }
 }
 

@@ -8,8 +8,9 @@
 #include <vector>
 
 // Records the game's calls of its libraries, arguments included, while it lives; one at a time.
-// The calls go on to the libraries unless told otherwise. What the libraries call among themselves
-// is not seen. The linker's --wrap options name the functions that are recorded.
+// The calls go on to the libraries unless told otherwise, but those of the mixer, which is never
+// real. What the libraries call among themselves is not seen. The linker's --wrap options name the
+// functions that are recorded.
 class LibraryCalls {
 public:
     LibraryCalls();
@@ -24,9 +25,8 @@ public:
     // Calls that fail, with "out of luck" as SDL's reason: all of a function, given by its name,
     // or a single one as it stands in the log.
     std::set<std::string> failing;
-    // Whether the calls that open, play and release things stay away from the libraries. Music
-    // and fonts opened meanwhile are names only.
-    bool pretending;
+    // Whether fonts are opened as names only, and calls that release things do nothing.
+    bool pretending = false;
 };
 
 // Adds a line of the test's own to the log; does nothing while nothing is recorded.

@@ -3,11 +3,8 @@
 
 #include "music.h"
 
-#include <SDL_mixer.h>
 #include <gmock/gmock.h>
 
-#include "childprocess.h"
-#include "gamedata.h"
 #include "librarycalls.h"
 #include "main.h"
 
@@ -16,11 +13,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Music whose calls of the mixer are recorded and lead nowhere.
 class MusicTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        calls.pretending = true;
         haveSound = true;
         programDataPath = "data/";
     }
@@ -203,44 +198,6 @@ TEST_F(MusicTest, withoutSoundNoTrackIsCurrentWhateverPlayedBefore) {
     Music::play(2);
     haveSound = false;
     EXPECT_EQ(Music::current(), 0);
-}
-
-// Music on the real mixer, with sound that goes nowhere.
-class PlayedMusicTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_EQ(SDL_Init(SDL_INIT_AUDIO), 0) << SDL_GetError();
-        ASSERT_EQ(Mix_OpenAudio(22050, AUDIO_S16SYS, 2, 4096), 0) << SDL_GetError();
-        makeGameData(data.path);
-        haveSound = true;
-        programDataPath = data.path.string() + "/";
-        ASSERT_TRUE(Music::load());
-    }
-
-    // In the game's own order.
-    void TearDown() override {
-        Mix_CloseAudio();
-        Music::unload();
-        SDL_Quit();
-    }
-
-    TemporaryDirectory data;
-};
-
-TEST_F(PlayedMusicTest, playsUntilSilenced) {
-    EXPECT_EQ(Mix_PlayingMusic(), 0);
-    Music::play(1);
-    EXPECT_EQ(Mix_PlayingMusic(), 1);
-    Music::play(2);
-    EXPECT_EQ(Mix_PlayingMusic(), 1);
-    Music::play(0);
-    EXPECT_EQ(Mix_PlayingMusic(), 0);
-}
-
-TEST_F(PlayedMusicTest, beginsAgainAfterItsEnd) {
-    Music::play(1);
-    SDL_Delay(1500); // the track of the tests lasts 0.6 s
-    EXPECT_EQ(Mix_PlayingMusic(), 1);
 }
 
 } // namespace
