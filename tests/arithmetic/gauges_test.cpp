@@ -1,15 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-#include <vector>
-
 #include "battle.h"
-#include "drawing.h"
 #include "gamehandler.h"
 #include "introscreen.h"
 #include "main.h"
-#include "mainmenu.h"
-#include "mainmenubutton.h"
 #include "playership.h"
 
 namespace {
@@ -55,7 +50,7 @@ TEST_F(GaugesTest, theDialShowsEveryStepOfBothReloads) {
         const int x = ship == battle.ship1 ? 308 : 712;
         for (int whole : {1, 120, 300}) {
             for (int left = whole == 1 ? 0 : whole; left >= 0; --left) {
-                // The frame counts down before it draws.
+                // The ship counts this frame before it draws the dial.
                 ship->setReloading(left == 0 ? 0 : left + 1, whole);
                 ship->update(battle.world);
                 ASSERT_EQ(ship->reloading, left);
@@ -64,22 +59,6 @@ TEST_F(GaugesTest, theDialShowsEveryStepOfBothReloads) {
                 ASSERT_EQ(pixel(screen, x + 68, 576), expected) << left << " of " << whole;
             }
         }
-    }
-}
-
-TEST_F(GaugesTest, everyReloadLastsAsManyFramesAsItSays) {
-    const WithoutDrawing quick;
-    GameHandler battle;
-    PlayerShip& ship = *battle.ship1;
-    for (int frames = 1; frames <= 300; ++frames) {
-        ship.setReloading(frames, -1);
-        int passed = 0;
-        while (ship.reloading != 0) {
-            ship.update(battle.world);
-            ++passed;
-        }
-        ASSERT_EQ(passed, frames);
-        ASSERT_EQ(ship.maxReloading, frames);
     }
 }
 
@@ -97,38 +76,5 @@ TEST_F(GaugesTest, theIntroFadesThroughEveryOpacity) {
             opacity = 255;
         }
         ASSERT_EQ(intro.buf->format->alpha, opacity) << "frame " << f;
-    }
-}
-
-TEST_F(GaugesTest, buttonsFadeByTheirTable) {
-    MainMenu menu;
-    MainMenuButton& button = *menu.buttons[0];
-    menu.focusedButton = 0;
-    for (int level : {70, 140, 210, 255, 255}) {
-        button.update();
-        EXPECT_EQ(button.focusLevel, level);
-    }
-    menu.focusedButton = 1;
-    for (int level : {185, 115, 45, 0, 0}) {
-        button.update();
-        EXPECT_EQ(button.focusLevel, level);
-    }
-    // Turned round half-way, from every level that can be reached.
-    for (int up = 1; up <= 4; ++up) {
-        for (int down = 1; down <= 4; ++down) {
-            button.focusLevel = 0;
-            menu.focusedButton = 0;
-            int expected = 0;
-            for (int i = 0; i < up; ++i) {
-                button.update();
-                expected = expected + 70 > 255 ? 255 : expected + 70;
-            }
-            menu.focusedButton = -1;
-            for (int i = 0; i < down; ++i) {
-                button.update();
-                expected = expected < 70 ? 0 : expected - 70;
-            }
-            EXPECT_EQ(button.focusLevel, expected) << up << " up, " << down << " down";
-        }
     }
 }

@@ -60,21 +60,6 @@ int cut(long double distance) {
 
 } // namespace
 
-TEST_F(HeadingsTest, turnsAddUpWithoutDrift) {
-    GameHandler battle;
-    for (SDLKey key : {SDLK_a, SDLK_d}) {
-        battle.ship1->direction = 1.0;
-        press(key);
-        for (int i = 0; i < turns; ++i) {
-            battle.ship1->keyboard();
-        }
-        release(key);
-        Keyboard::releaseKeys();
-        const long double exact = 1.0L + (key == SDLK_a ? 1 : -1) * turns / 20.0L;
-        EXPECT_NEAR(static_cast<double>(exact), battle.ship1->direction, 1e-8);
-    }
-}
-
 TEST_F(HeadingsTest, theHitBoxFollowsEveryReachableHeading) {
     GameHandler battle;
     PlayerShip& ship = *battle.ship1;

@@ -28,12 +28,12 @@ const std::vector<SDLKey> battleKeys = {SDLK_a,     SDLK_d,      SDLK_w,     SDL
                                         SDLK_SPACE, SDLK_RETURN, SDLK_DELETE};
 
 // Presses and lets go keys at random; most are held for a while, as players do.
-void fumble(std::mt19937& dice) {
-    if (dice() % 4 != 0) {
+void fumble(std::mt19937& random) {
+    if (random() % 4 != 0) {
         return;
     }
-    const SDLKey key = battleKeys[dice() % battleKeys.size()];
-    if (dice() % 3 != 0) {
+    const SDLKey key = battleKeys[random() % battleKeys.size()];
+    if (random() % 3 != 0) {
         press(key);
     } else {
         release(key);
@@ -109,7 +109,7 @@ TEST_F(VoyagesTest, whateverPlayersPressTheRulesHold) {
     long duels = 0;
     for (unsigned seed = 0; seed < voyages; ++seed) {
         srandom(seed);
-        std::mt19937 dice(seed);
+        std::mt19937 random(seed);
         GameHandler battle;
         battle.activate();
         Watch watches[] = {watchOver(battle.ship1, battle.bullet2),
@@ -118,7 +118,7 @@ TEST_F(VoyagesTest, whateverPlayersPressTheRulesHold) {
             for (Watch& watch : watches) {
                 lookBefore(watch);
             }
-            fumble(dice);
+            fumble(random);
             battle.update();
             Keyboard::releaseKeys();
             for (Watch& watch : watches) {

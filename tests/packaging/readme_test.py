@@ -177,14 +177,3 @@ def test_the_pages_show_commands_and_an_unknown_one_is_noticed(build, tmp_path):
 def test_a_game_that_does_not_start_is_noticed(build, tmp_path):
     with pytest.raises(AssertionError):
         play_briefly(f"env SDL_VIDEODRIVER=nonsense {build}/morvane", tmp_path)
-
-
-@pytest.mark.parametrize("page", ["README.md", "CONTRIBUTING.md", "CHANGELOG.md",
-                                  *sorted(f"docs/{path.name}"
-                                          for path in (PROJECT / "docs").glob("*.md"))])
-def test_what_a_page_links_to_exists(page):
-    text = (PROJECT / page).read_text()
-    targets = re.findall(r"\]\(([^)#]+)(?:#[^)]*)?\)", text)
-    missing = [target for target in targets if not target.startswith("http")
-               and not ((PROJECT / page).parent / target).exists()]
-    assert missing == []

@@ -11,18 +11,18 @@
 #include "main.h"
 #include "programmode.h"
 
-int drawsSince(unsigned seed) {
+int randomNumbersSince(unsigned seed) {
     const long next = random();
     srandom(seed);
-    int draws = 0;
+    int count = 0;
     while (random() != next) {
-        ++draws;
+        ++count;
     }
     srandom(seed);
-    for (int i = 0; i < draws; ++i) {
+    for (int i = 0; i < count; ++i) {
         random();
     }
-    return draws;
+    return count;
 }
 
 Probe::Probe(std::function<void(SDL_Surface*)> whatAtUpdate, std::function<void()> whatAtDeletion)

@@ -22,9 +22,9 @@ const double headingLeft = 4.71238898038469;
 const double headingDownRight = 0.7853981633974483;
 const double headingUpLeft = 3.9269908169872414;
 
-// The number of draws from the random generator since it was seeded. Leaves the generator at
+// How many numbers the random generator gave since it was seeded. Leaves the generator at
 // the same place of its sequence.
-int drawsSince(unsigned seed);
+int randomNumbersSince(unsigned seed);
 
 // An object of a battle that does what a test wants to see done at its turn.
 class Probe : public GameObject {

@@ -107,16 +107,6 @@ TEST_F(GameHandlerFrameTest, leavesMarginGapAndStripAlone) {
     }
 }
 
-TEST_F(GameHandlerFrameTest, keepsTheFrameBlackThroughTheBattle) {
-    battle->activate();
-    play(3);
-    EXPECT_EQ(firstOther(screen, {0, 0, 800, 5}, black), "");
-    EXPECT_EQ(firstOther(screen, {0, 0, 5, 500}, black), "");
-    EXPECT_EQ(firstOther(screen, {395, 0, 10, 500}, black), "");
-    EXPECT_EQ(firstOther(screen, {795, 0, 5, 500}, black), "");
-    EXPECT_EQ(firstOther(screen, {0, 495, 800, 5}, black), "");
-}
-
 TEST_F(GameHandlerFrameTest, reestablishesTheSizesOfTheViewports) {
     battle->viewport1 = {200, 300, 17, 19};
     battle->viewport2 = {500, 600, 0, 1000};
@@ -231,7 +221,7 @@ TEST_F(GameHandlerFrameTest, movesShip1BeforeShip2) {
     EXPECT_EQ(ship2->reloading, 119);
 }
 
-// Keeps the mode that was requested when its turn came, as the frame would lose it.
+// Keeps the mode requested so far, because a later request of the frame replaces it.
 void keepRequest(std::unique_ptr<ProgramMode>& kept) {
     kept.reset(newProgramMode);
 }
@@ -278,12 +268,6 @@ TEST_F(GameHandlerFrameTest, finishesTheFrameInWhichAShipSinks) {
     EXPECT_THAT(ship2->rect, isAt(605, 600));
     EXPECT_EQ(pixel(battle->world, 704, 650), shipFrameColour(19));
     EXPECT_EQ(firstOther(screen, {404, 578, 396, 22}, black), "");
-}
-
-TEST_F(GameHandlerFrameTest, playsOnWithoutARequest) {
-    play(5);
-    EXPECT_EQ(newProgramMode, nullptr);
-    EXPECT_EQ(battle->objects.size(), 4U);
 }
 
 } // namespace

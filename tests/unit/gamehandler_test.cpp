@@ -22,25 +22,12 @@ struct Overlap {
 };
 
 const Overlap overlaps[] = {
-    {"same", {3, 4, 10, 10}, {3, 4, 10, 10}, true},
     {"touching right", {0, 0, 10, 10}, {10, 0, 10, 10}, false},
-    {"touching left", {10, 0, 10, 10}, {0, 0, 10, 10}, false},
-    {"touching below", {0, 0, 10, 10}, {0, 10, 10, 10}, false},
     {"touching above", {0, 10, 10, 10}, {0, 0, 10, 10}, false},
-    {"touching corners", {0, 0, 10, 10}, {10, 10, 10, 10}, false},
-    {"other touching corners", {0, 10, 10, 10}, {10, 0, 10, 10}, false},
     {"one pixel at the corner", {0, 0, 10, 10}, {9, 9, 10, 10}, true},
-    {"one column", {0, 0, 10, 10}, {9, 0, 10, 10}, true},
     {"one column at the left", {9, 0, 10, 10}, {0, 0, 10, 10}, true},
-    {"one row", {0, 0, 10, 10}, {0, 9, 10, 10}, true},
-    {"one row above", {0, 9, 10, 10}, {0, 0, 10, 10}, true},
     {"inside", {4, 4, 2, 2}, {0, 0, 10, 10}, true},
-    {"around", {0, 0, 10, 10}, {4, 4, 2, 2}, true},
     {"crossing", {0, 4, 10, 2}, {4, 0, 2, 10}, true},
-    {"same columns, apart", {0, 0, 10, 10}, {0, 50, 10, 10}, false},
-    {"same rows, apart", {0, 0, 10, 10}, {50, 0, 10, 10}, false},
-    {"negative places", {-20, -20, 30, 30}, {5, 5, 10, 10}, true},
-    {"touching from negative places", {-20, -20, 20, 20}, {0, 0, 10, 10}, false},
     {"widest", {-32768, 0, 65535, 1}, {32766, 0, 1, 1}, true},
     {"widest, touching", {-32768, 0, 65535, 1}, {32767, 0, 1, 1}, false},
     {"beyond 16 bits", {32767, 32767, 65535, 65535}, {0, 0, 10, 10}, false},
@@ -48,11 +35,9 @@ const Overlap overlaps[] = {
     {"no width, inside", {5, 0, 0, 10}, {0, 0, 10, 10}, true},
     {"no width, at the left edge", {0, 0, 0, 10}, {0, 0, 10, 10}, false},
     {"no width, at the right edge", {10, 0, 0, 10}, {0, 0, 10, 10}, false},
-    {"no width, rows apart", {5, 10, 0, 10}, {0, 0, 10, 10}, false},
     {"around no width", {0, 0, 10, 10}, {5, 0, 0, 10}, true},
     {"no height, inside", {0, 5, 10, 0}, {0, 0, 10, 10}, true},
     {"no height, at the upper edge", {0, 0, 10, 0}, {0, 0, 10, 10}, false},
-    {"a point inside", {5, 5, 0, 0}, {0, 0, 10, 10}, true},
     {"a point on a point", {5, 5, 0, 0}, {5, 5, 0, 0}, false},
 };
 
@@ -76,14 +61,6 @@ TEST_F(GameHandlerTest, collidesWithAnyOfTheBarriers) {
     EXPECT_TRUE(battle->collidesWithBarriers({291, 91, 10, 10}));
     EXPECT_TRUE(battle->collidesWithBarriers({510, 110, 10, 10}));
     EXPECT_FALSE(battle->collidesWithBarriers({200, 110, 10, 10}));
-}
-
-TEST_F(GameHandlerTest, letsRectanglesTouchBarriers) {
-    addBarrier({100, 100, 50, 50});
-    EXPECT_FALSE(battle->collidesWithBarriers({150, 100, 50, 50}));
-    EXPECT_FALSE(battle->collidesWithBarriers({50, 100, 50, 50}));
-    EXPECT_FALSE(battle->collidesWithBarriers({100, 150, 50, 50}));
-    EXPECT_FALSE(battle->collidesWithBarriers({100, 50, 50, 50}));
 }
 
 TEST_F(GameHandlerTest, collidesWithListedBarriersOnly) {
@@ -180,13 +157,6 @@ TEST_F(GameHandlerTest, clampsViewportsToTheSizeOfTheWorldSurface) {
     place(ship1, 600, 700);
     battle->moveViewport(1);
     EXPECT_THAT(battle->viewport1, isAt(309, 309));
-}
-
-TEST_F(GameHandlerTest, asksForTheMenuOnEscape) {
-    SDL_Event event = keyDown(SDLK_ESCAPE);
-    battle->event(&event);
-    EXPECT_NE(dynamic_cast<MainMenu*>(newProgramMode), nullptr);
-    EXPECT_EQ(activeProgramMode, nullptr);
 }
 
 TEST_F(GameHandlerTest, ignoresEveryOtherKey) {
@@ -288,12 +258,12 @@ TEST_F(GameHandlerTest, deletesTheRestBehindAMissingObject) {
     EXPECT_EQ(deletions, 1);
 }
 
-TEST_F(GameHandlerTest, freesTheWorld) {
+TEST_F(GameHandlerTest, freesTheWorldAndTheBackground) {
+    SDL_Surface* background = battle->background;
+    ++background->refcount;
     EXPECT_TRUE(isFreedBy(battle->world, [this] { battle.reset(); }));
-}
-
-TEST_F(GameHandlerTest, freesTheBackground) {
-    EXPECT_TRUE(isFreedBy(battle->background, [this] { battle.reset(); }));
+    EXPECT_EQ(background->refcount, 1);
+    SDL_FreeSurface(background);
 }
 
 TEST_F(GameHandlerTest, leavesThePicturesToThePool) {

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <iterator>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "drawing.h"
@@ -105,17 +104,6 @@ TEST_F(IntroScreenTest, cleansNothingUp) {
     EXPECT_EQ(newProgramMode, nullptr);
 }
 
-TEST_F(IntroScreenTest, countsItsFrames) {
-    const FlipWatch watch;
-    drawNowhere();
-    for (int frames = 1; frames <= 602; ++frames) {
-        intro->update();
-        EXPECT_EQ(intro->frameCounter, frames);
-        delete newProgramMode;
-        newProgramMode = nullptr;
-    }
-}
-
 TEST_F(IntroScreenTest, leavesTheMusicAlone) {
     haveSound = true;
     Music::play(2);
@@ -203,31 +191,6 @@ TEST_F(IntroScreenTest, composesOnlyAtTheStartOfAPhase) {
 }
 
 // The fades.
-
-// Black over white takes away exactly the opacity.
-TEST_F(IntroScreenTest, blendsWithTheOpacityOfTheFrame) {
-    struct Step {
-        int frame;
-        int opacity;
-    };
-    const Step steps[] = {
-        {0, 0},     {1, 1},    {2, 2},    {3, 4},    {4, 5},    {5, 7},    {90, 127},  {178, 252},
-        {179, 253}, {181, 1},  {182, 2},  {183, 4},  {184, 5},  {185, 7},  {270, 127}, {358, 252},
-        {359, 253}, {361, 0},  {364, 0},  {365, 1},  {368, 1},  {369, 2},  {380, 4},   {400, 8},
-        {427, 14},  {436, 17}, {460, 22}, {494, 29}, {512, 34}, {538, 39}, {539, 40}};
-    for (const Step& step : steps) {
-        SCOPED_TRACE(step.frame);
-        if (step.frame == 0) {
-            replacePicture("brannoc4f.png", 1, 1, black);
-        }
-        fillAll(intro->buf, black);
-        fillAll(screen, white);
-        updateAt(step.frame);
-        for (const auto& place : {std::make_pair(0, 0), std::make_pair(799, 599)}) {
-            EXPECT_EQ(pixel(screen, place.first, place.second).g, 255 - step.opacity);
-        }
-    }
-}
 
 TEST_F(IntroScreenTest, changesNothingYetAtTheStartOfAPhase) {
     for (int f : {0, 180, 360}) {
@@ -325,21 +288,6 @@ TEST_F(IntroScreenTest, addsUpTheBlendsOfAllFrames) {
     }
 }
 
-// White over black; after 40 of the 180 frames hardly a difference is left.
-TEST_F(IntroScreenTest, reachesThePictureLongBeforeTheOpacityIsFull) {
-    struct Step {
-        int frame;
-        int level;
-    };
-    const Step steps[] = {{5, 14},   {10, 59},  {15, 117}, {20, 170},
-                          {30, 234}, {40, 251}, {60, 252}, {120, 254}};
-    replacePicture("brannoc4f.png", 800, 600, white);
-    for (const Step& step : steps) {
-        updateTimes(step.frame + 1 - intro->frameCounter);
-        EXPECT_NEAR(pixel(screen, 400, 300).g, step.level, 1) << "in frame " << step.frame;
-    }
-}
-
 TEST_F(IntroScreenTest, showsTheTitleFullyAtItsEnd) {
     updateAt(360);
     fillAll(screen, red);
@@ -411,16 +359,6 @@ TEST_F(IntroScreenTest, endsWithThePictureThatTheMenuContinues) {
         fill(picture, {250, 150, 300, 440}, black); // all that the panel and the buttons cover
     }
     EXPECT_EQ(difference(last.get(), first.get()), "");
-}
-
-TEST_F(IntroScreenTest, isSkippedByEveryKey) {
-    for (int code = 0; code < SDLK_LAST; ++code) {
-        sendToIntro(keyDown(static_cast<SDLKey>(code)));
-        EXPECT_TRUE(requestsMenu()) << code;
-        delete newProgramMode;
-        newProgramMode = nullptr;
-    }
-    EXPECT_TRUE(running);
 }
 
 TEST_F(IntroScreenTest, isSkippedByTheReleaseOfEveryMouseButton) {

@@ -308,27 +308,6 @@ TEST_F(LoaderTest, aMissingPictureIsReportedWithItsPathAndNotPooled) {
     EXPECT_THAT(imagePool, IsEmpty());
 }
 
-TEST_F(LoaderTest, aPictureThatIsNoneIsReportedWithItsPathAndNotPooled) {
-    makeEmptyFile("data/voda.png");
-    SDL_Surface* picture = screen;
-    EXPECT_EQ(stderrOf([&] { picture = loadImage("voda.png", true); }),
-              "ERROR: Couldn't load data/voda.png\nUnsupported image format\n");
-    EXPECT_EQ(picture, nullptr);
-    EXPECT_THAT(imagePool, IsEmpty());
-}
-
-TEST_F(LoaderTest, aPictureThatCannotBeConvertedIsReportedAndNotPooled) {
-    provide("plain.png");
-    LibraryCalls calls;
-    calls.failing = {"SDL_DisplayFormatAlpha"};
-    SDL_Surface* picture = screen;
-    EXPECT_EQ(stderrOf([&] { picture = loadImage("plain.png", true); }),
-              "ERROR: Couldn't convert data/plain.png\nout of luck\n");
-    EXPECT_EQ(picture, nullptr);
-    EXPECT_THAT(imagePool, IsEmpty());
-    EXPECT_EQ(calls.log.back(), "SDL_FreeSurface(surface)");
-}
-
 TEST_F(LoaderTest, aFailureLeavesThePooledPictureOfThatName) {
     SDL_Surface* pooled = addPicture("voda.png", 1, 1, red);
     stderrOf([] { loadImage("voda.png", false); });
@@ -351,15 +330,6 @@ TEST_F(LoaderTest, aFontIsOpenedAtItsSizeAndNotPooled) {
     EXPECT_EQ(TTF_FontHeight(font), 59);
     EXPECT_THAT(imagePool, IsEmpty());
     TTF_CloseFont(font);
-    TTF_Quit();
-}
-
-TEST_F(LoaderTest, aMissingFontIsReportedWithItsPath) {
-    ASSERT_EQ(TTF_Init(), 0);
-    const std::string messages = stderrOf([] { EXPECT_EQ(loadFont("papyrus.ttf", 29), nullptr); });
-    EXPECT_THAT(messages,
-                ::testing::StartsWith(
-                    "ERROR: Couldn't load data/papyrus.ttf\nCouldn't open data/papyrus.ttf"));
     TTF_Quit();
 }
 
@@ -396,12 +366,6 @@ TEST_F(LoaderTest, aNewSurfaceFollowsTheDisplaysDepth) {
     EXPECT_EQ(surface->format->Rmask, 0xF800U);
     EXPECT_EQ(surface->format->Gmask, 0x7E0U);
     EXPECT_EQ(surface->format->Bmask, 0x1FU);
-}
-
-TEST_F(LoaderTest, aSurfaceThatIsRefusedIsNull) {
-    LibraryCalls calls;
-    calls.failing = {"SDL_CreateRGBSurface"};
-    EXPECT_EQ(stderrOf([] { EXPECT_EQ(createSurface(2, 2), nullptr); }), "");
 }
 
 TEST_F(LoaderTest, drawingAPicturePutsItsTopLeftCorner) {

@@ -121,22 +121,14 @@ TEST(MessageTest, mayComeBeforeAnyLibraryIsStarted) {
     EXPECT_THAT(writesOf([] { error("$Too early", 3); }), ElementsAre("ERROR: Too early\n\n"));
 }
 
-TEST(FatalMessageTest, endsTheProgramWithStatusOne) {
+TEST(FatalMessageTest, endsTheProgramWithStatusOneAndTheReason) {
     const Outcome outcome = runInChild([] {
-        error("The sea is calm.", 4);
+        SDL_SetError("the library's reason");
+        error("$The sea is calm", 4);
         std::cout << "still there";
     });
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "FATAL ERROR: The sea is calm.\n");
-}
-
-TEST(FatalMessageTest, givesTheLibrarysReasonToo) {
-    const Outcome outcome = runInChild([] {
-        SDL_SetError("the library's reason");
-        error("$The sea is calm", 4);
-    });
-    EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "FATAL ERROR: The sea is calm\nthe library's reason\n");
 }
 

@@ -126,21 +126,6 @@ TEST_F(MainMenuChoiceTest, endsTheProgramWithItsBottomButton) {
     EXPECT_EQ(newProgramMode, nullptr);
 }
 
-TEST_F(MainMenuChoiceTest, opensTheTextScreensByKeyWithoutWaiting) {
-    for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
-        SCOPED_TRACE(key);
-        menu->focusedButton = 1;
-        press(key);
-        EXPECT_TRUE(requests<HelpScreen>());
-        forgetRequest();
-        menu->focusedButton = 2;
-        press(key);
-        EXPECT_TRUE(requests<Credits>());
-        forgetRequest();
-        EXPECT_FALSE(menu->waitingToReleaseReturn);
-    }
-}
-
 TEST_F(MainMenuChoiceTest, endsTheProgramByKeyWithoutWaiting) {
     for (SDLKey key : {SDLK_RETURN, SDLK_SPACE}) {
         SCOPED_TRACE(key);
@@ -332,7 +317,7 @@ TEST_F(MainMenuChoiceTest, ignoresMouseButtonPresses) {
     }
 }
 
-TEST_F(MainMenuChoiceTest, leavesAllOtherEventsToTheFrame) {
+TEST_F(MainMenuChoiceTest, leavesAllOtherEventsToTheMainLoop) {
     for (int type : {SDL_ACTIVEEVENT, SDL_JOYBUTTONDOWN, SDL_JOYBUTTONUP, SDL_QUIT, SDL_SYSWMEVENT,
                      SDL_VIDEOEXPOSE, SDL_USEREVENT}) {
         SCOPED_TRACE(type);

@@ -287,22 +287,6 @@ TEST_F(MainMenuTest, showsTheFadeStepOfTheSameFrame) {
     EXPECT_EQ(pixel(screen, 400, 300), cellColour(15));
 }
 
-// From (36, 226, 40) to (140, 135, 200) and back.
-TEST_F(MainMenuTest, fadesTheTopButtonInAndOutOnTheDisplay) {
-    const Colour in[] = {{65, 201, 84}, {93, 176, 128}, {122, 151, 172}, {140, 135, 200}};
-    const Colour out[] = {{111, 160, 156}, {83, 185, 112}, {54, 210, 68}, {36, 226, 40}};
-    send(mouseMotion(400, 300));
-    for (const Colour& colour : in) {
-        menu->update();
-        EXPECT_THAT(pixel(screen, 400, 300), isNear(colour, 2));
-    }
-    send(mouseMotion(10, 10));
-    for (const Colour& colour : out) {
-        menu->update();
-        EXPECT_THAT(pixel(screen, 400, 300), isNear(colour, 2));
-    }
-}
-
 TEST_F(MainMenuTest, startsAgainWithoutFocusAndHighlight) {
     menu->focusedButton = 2;
     menu->update();

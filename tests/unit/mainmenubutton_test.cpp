@@ -124,21 +124,6 @@ TEST_F(MainMenuButtonTest, fadesBackInFourFrames) {
     EXPECT_EQ(levelsOver(6, 2), (std::vector<int>{185, 115, 45, 0, 0, 0}));
 }
 
-TEST_F(MainMenuButtonTest, fadesBackWhenNothingHasTheFocus) {
-    button(0).focusLevel = 255;
-    menu->focusedButton = -1;
-    EXPECT_EQ(levelsOver(1, 0), std::vector<int>{185});
-}
-
-TEST_F(MainMenuButtonTest, turnsRoundInTheMiddleOfAFade) {
-    menu->focusedButton = 1;
-    EXPECT_EQ(levelsOver(2, 1), (std::vector<int>{70, 140}));
-    menu->focusedButton = 0;
-    EXPECT_EQ(levelsOver(1, 1), std::vector<int>{70});
-    menu->focusedButton = 1;
-    EXPECT_EQ(levelsOver(1, 1), std::vector<int>{140});
-}
-
 TEST_F(MainMenuButtonTest, keepsItsLevelBetweenZeroAndFull) {
     struct Step {
         int from;

@@ -86,6 +86,7 @@ TEST_P(MenuModifierTest, choosesWithReturnAndSpace) {
     menu->focusedButton = 2;
     send(down(SDLK_SPACE));
     EXPECT_TRUE(takeRequest<Credits>());
+    EXPECT_FALSE(menu->waitingToReleaseReturn);
 }
 
 TEST_P(MenuModifierTest, startsABattleWhenReturnOrSpaceIsReleased) {

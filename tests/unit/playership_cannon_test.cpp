@@ -21,24 +21,13 @@ struct Shot {
     int y;
 };
 
+// Half the speed of the ship is added to that of the ball, and the sum cut to whole pixels: from
+// 6.25, 8.5 and 6.36 for player 1, from 9, 4.95 and 6.72 for player 2.
 const Shot shots[] = {
-    {1, headingDown, 0, 0, 6},      {1, headingRight, 0, 6, 0},
-    {1, headingUp, 0, 0, -6},       {1, headingLeft, 0, -6, 0},
-    {1, headingDown, 0.5, 0, 6}, // 6.25
-    {1, headingDown, 2, 0, 7},   // half the speed of the ship is added
-    {1, headingDown, 5, 0, 8},   // 8.5
-    {1, headingDown, 6, 0, 9},      {1, headingDownRight, 0, 4, 4}, // 4.24
-    {1, headingDownRight, 6, 6, 6},                                 // 6.36
-    {1, headingUpLeft, 0, -4, -4},  {1, headingUpLeft, 6, -6, -6},
-    {1, 2.0, 3.5, 7, -3},           {1, 100, 4, -4, 6},
-    {2, headingDown, 0, 0, 7},      {2, headingRight, 0, 7, 0},
-    {2, headingUp, 0, 0, -7},       {2, headingLeft, 0, -7, 0},
-    {2, headingDown, 0.5, 0, 7},                               // 7.25
-    {2, headingDown, 2, 0, 8},      {2, headingDown, 5, 0, 9}, // 9.5
-    {2, headingDownRight, 0, 4, 4},                            // 4.95
-    {2, headingDownRight, 5, 6, 6},                            // 6.72
-    {2, headingUpLeft, 0, -4, -4},  {2, headingUpLeft, 5, -6, -6},
-    {2, 2.0, 3.5, 7, -3},           {2, 100, 4, -4, 7},
+    {1, headingRight, 0, 6, 0},    {1, headingUp, 0, 0, -6},       {1, headingDown, 0.5, 0, 6},
+    {1, headingDown, 5, 0, 8},     {1, headingDownRight, 6, 6, 6}, {1, 2.0, 3.5, 7, -3},
+    {2, headingLeft, 0, -7, 0},    {2, headingDown, 5, 0, 9},      {2, headingDownRight, 0, 4, 4},
+    {2, headingUpLeft, 5, -6, -6},
 };
 
 TEST_F(PlayerShipCannonTest, launchesAlongTheHeadingInWholePixels) {
@@ -193,14 +182,7 @@ TEST_F(PlayerShipTeleportTest, jumpsToARandomPlaceOfTheGrid) {
     srandom(4);
     ship1->teleport();
     EXPECT_THAT(ship1->rect, isRect(100, 400, 100, 100));
-    EXPECT_EQ(drawsSince(4), 2);
-}
-
-TEST_F(PlayerShipTeleportTest, jumpsClearOfBarriers) {
-    addBarrier({0, 0, 700, 1300});
-    addBarrier({0, 0, 1300, 700});
-    ship1->teleport();
-    EXPECT_THAT(ship1->rect, isAt(700, 700));
+    EXPECT_EQ(randomNumbersSince(4), 2);
 }
 
 TEST_F(PlayerShipTeleportTest, spendsATeleportAndTheCannon) {
@@ -211,20 +193,12 @@ TEST_F(PlayerShipTeleportTest, spendsATeleportAndTheCannon) {
     EXPECT_EQ(ship1->maxReloading, 300);
 }
 
-TEST_F(PlayerShipTeleportTest, makesALoadingCannonWaitAnew) {
+TEST_F(PlayerShipTeleportTest, makesALoadingCannonStartAgain) {
     ship1->setReloading(120, -1);
     ship1->reloading = 10;
     ship1->teleport();
     EXPECT_EQ(ship1->reloading, 300);
     EXPECT_EQ(ship1->maxReloading, 300);
-}
-
-TEST_F(PlayerShipTeleportTest, keepsSpeedAndHeading) {
-    place(ship1, 950, 950, 2.5, 4.5);
-    ship1->teleport();
-    EXPECT_EQ(ship1->direction, 2.5);
-    EXPECT_EQ(ship1->velocity, 4.5);
-    EXPECT_EQ(ship1->hp, 50);
 }
 
 TEST_F(PlayerShipTeleportTest, takesItsViewportAlongEvenAtRest) {
@@ -246,7 +220,7 @@ TEST_F(PlayerShipTeleportTest, leavesTheCannonballInFlight) {
     EXPECT_THAT(ball1->pos, isAt(900, 300));
 }
 
-// A ship that cannot jump changes nothing and draws nothing from the random generator.
+// A ship that cannot jump changes nothing and takes no random number.
 void expectNoJump(PlayerShip* ship, int teleportCounter, int teleportRecharge) {
     place(ship, 950, 950);
     ship->teleportCounter = teleportCounter;
@@ -254,7 +228,7 @@ void expectNoJump(PlayerShip* ship, int teleportCounter, int teleportRecharge) {
     ship->setReloading(5, 120);
     srandom(1);
     ship->teleport();
-    EXPECT_EQ(drawsSince(1), 0);
+    EXPECT_EQ(randomNumbersSince(1), 0);
     EXPECT_THAT(ship->rect, isAt(950, 950));
     EXPECT_EQ(ship->teleportCounter, teleportCounter);
     EXPECT_EQ(ship->teleportRecharge, teleportRecharge);

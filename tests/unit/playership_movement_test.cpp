@@ -21,39 +21,20 @@ struct Step {
 };
 
 const Step steps[] = {
-    // Along the axes.
     {headingDown, 6, 0, 6},
     {headingRight, 6, 6, 0},
-    {headingUp, 6, 0, -6},
-    {headingLeft, 6, -6, 0},
-    {headingDown, 5, 0, 5},
-    {headingRight, 5, 5, 0},
     {headingUp, 5, 0, -5},
     {headingLeft, 5, -5, 0},
     // Diagonally: 4.24 and 3.54, towards zero on either side.
     {headingDownRight, 6, 4, 4},
-    {2.356194490192345, 6, 4, -4},
     {headingUpLeft, 6, -4, -4},
-    {5.497787143782138, 6, -4, 4},
     {headingDownRight, 5, 3, 3},
     {headingUpLeft, 5, -3, -3},
-    // Slowly.
-    {headingDown, 0, 0, 0},
+    // Slowly, and a little off the axis.
     {headingDown, 0.5, 0, 0},
-    {headingDown, 1, 0, 1},
     {headingDown, 1.5, 0, 1},
-    {headingDown, 5.5, 0, 5},
-    // A little off the axis.
     {0.1, 1, 0, 0},
-    {0.1, 2, 0, 1},
     {0.2, 6, 1, 5},
-    {2.0, 3.5, 3, -1},
-    {-2.5, 4.5, -2, -3},
-    // After many turns.
-    {-1.5707963267948966, 6, -6, 0},
-    {100, 6, -3, 5},
-    {-100, 6, 3, 5},
-    {1000, 6, 4, 3},
 };
 
 TEST_F(PlayerShipMovementTest, goesWholePixelsTowardsZero) {
@@ -119,23 +100,12 @@ struct BorderStep {
 };
 
 const BorderStep borderSteps[] = {
-    {"right, at the border", 1200, 600, headingRight, 1200, 600},
     {"right, to the border", 1194, 600, headingRight, 1200, 600},
     {"right, past the border", 1195, 600, headingRight, 1200, 600},
-    {"right, before the border", 1193, 600, headingRight, 1199, 600},
-    {"left, at the border", 0, 600, headingLeft, 0, 600},
-    {"left, to the border", 6, 600, headingLeft, 0, 600},
     {"left, past the border", 5, 600, headingLeft, 0, 600},
-    {"left, before the border", 7, 600, headingLeft, 1, 600},
-    {"down, at the border", 600, 1200, headingDown, 600, 1200},
     {"down, past the border", 600, 1197, headingDown, 600, 1200},
-    {"down, before the border", 600, 1193, headingDown, 600, 1199},
-    {"up, at the border", 600, 0, headingUp, 600, 0},
     {"up, past the border", 600, 3, headingUp, 600, 0},
-    {"up, before the border", 600, 7, headingUp, 600, 1},
     {"along the right border", 1200, 600, headingDownRight, 1200, 604},
-    {"along the lower border", 600, 1200, headingDownRight, 604, 1200},
-    {"along the left border", 0, 600, headingUpLeft, 0, 596},
     {"along the upper border", 600, 0, headingUpLeft, 596, 0},
     {"into the lower right corner", 1199, 1199, headingDownRight, 1200, 1200},
     {"into the upper left corner", 1, 1, headingUpLeft, 0, 0},

@@ -58,12 +58,12 @@ const Start starts[] = {
     {4, 0.2, 400, 700}, {5, 3.0, 700, 400},
 };
 
-TEST_F(PlayerShipTest, drawsItsHeadingBeforeItsPlace) {
+TEST_F(PlayerShipTest, picksItsHeadingBeforeItsPlace) {
     for (const Start& start : starts) {
         SCOPED_TRACE(start.seed);
         srandom(start.seed);
         const PlayerShip fresh(battle.get(), 1);
-        EXPECT_EQ(drawsSince(start.seed), 3);
+        EXPECT_EQ(randomNumbersSince(start.seed), 3);
         EXPECT_DOUBLE_EQ(fresh.direction, start.direction);
         EXPECT_THAT(fresh.rect, isAt(start.x, start.y));
     }
@@ -78,13 +78,13 @@ TEST_F(PlayerShipTest, startsWithOneOfTwentyHeadings) {
                                                2.0, 2.2, 2.4, 2.6, 2.8, 3.0, 3.2, 3.4, 3.6, 3.8));
 }
 
-TEST_F(PlayerShipTest, drawsXBeforeYWhenItIsRelocated) {
+TEST_F(PlayerShipTest, picksXBeforeYWhenItIsRelocated) {
     const int places[][2] = {{200, 500}, {500, 500}, {500, 600}, {100, 400}, {200, 700}};
     for (unsigned seed = 1; seed <= 5; ++seed) {
         SCOPED_TRACE(seed);
         srandom(seed);
         ship1->relocate();
-        EXPECT_EQ(drawsSince(seed), 2);
+        EXPECT_EQ(randomNumbersSince(seed), 2);
         EXPECT_THAT(ship1->rect, isAt(places[seed - 1][0], places[seed - 1][1]));
     }
 }
@@ -109,13 +109,13 @@ TEST_F(PlayerShipTest, isRelocatedClearOfBarriers) {
     EXPECT_THAT(ship1->rect, isRect(700, 700, 100, 100));
 }
 
-TEST_F(PlayerShipTest, drawsBothCoordinatesAgainWhereABarrierStands) {
+TEST_F(PlayerShipTest, picksBothCoordinatesAgainWhereABarrierStands) {
     // Seed 1 gives 200, 500, then 300, 600, then 200, 400.
     addBarrier({299, 599, 2, 2});
     srandom(1);
     ship1->relocate();
     EXPECT_THAT(ship1->rect, isAt(200, 400));
-    EXPECT_EQ(drawsSince(1), 6);
+    EXPECT_EQ(randomNumbersSince(1), 6);
 }
 
 TEST_F(PlayerShipTest, isRelocatedWithItsFullSize) {
