@@ -115,7 +115,7 @@ def statistics(path, texts):
     kerns = kern_table(path)
     for label, letters, height in (("small letters'", small, x_height),
                                    ("capitals'", small.upper(), cap_height),
-                                   ("figures'", '0123456789', cap_height)):
+                                   ("digits'", '0123456789', cap_height)):
         yield from ranked(f'{label} grey, %', 'light', 'dark', letter_greys(font, letters, height))
     yield from ranked("grey of the game's words, %", 'light', 'dark',
                       word_greys(font, kerns, texts, x_height))

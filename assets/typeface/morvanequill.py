@@ -201,19 +201,19 @@ def least_gap(first, second):
 
 
 def class_kerns(pairs, bases):
-    meant, table = {}, {}
+    intended, table = {}, {}
     for a in bases:
         for b in bases:
             if unwritten(a, b):
                 continue
             rhythm = side(a) or side(b) or 'HO', side(b) or side(a) or 'HO'
             zone = (0.0, X_HEIGHT if 'no' in rhythm else CAP_HEIGHT)
-            if rhythm not in meant:
-                meant[rhythm] = pairs.meant(*rhythm, zone)
+            if rhythm not in intended:
+                intended[rhythm] = pairs.intended(*rhythm, zone)
             strength = LETTER_KERNING if side(a) and side(b) else SIGN_KERNING
             apart = CAPITALS_APART if category(a) == category(b) == 'Lu' else 0
             nearest = least_gap(a, b)
-            table[a, b] = pairs.kern(a, b, zone, meant[rhythm], strength, apart, nearest)
+            table[a, b] = pairs.kern(a, b, zone, intended[rhythm], strength, apart, nearest)
     return table
 
 

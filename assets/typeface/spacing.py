@@ -20,7 +20,7 @@ OFF_GRID = 0.37
 DEPTH = 300
 # Between two letters the eye looks a little deeper.
 PAIR_DEPTH = 430
-# Mean white meant on one side of a small letter; capitals stand a little wider.
+# Intended mean white on one side of a small letter; capitals stand a little wider.
 WHITE = 202
 CAPITAL_WHITE = 244
 # Ink of neighbours comes no nearer than this.
@@ -84,7 +84,7 @@ def space_evenly(glyph):
 
 
 class Pairs:
-    """Finds kerns by comparing the white between two letters with the white meant there."""
+    """Finds kerns by comparing the white between two letters with the intended white."""
 
     def __init__(self, glyphs, bottom, top):
         self.profiles = {g.glyphname: Profile(g, bottom, top) for g in glyphs}
@@ -97,12 +97,12 @@ class Pairs:
         each = np.minimum(outer, PAIR_DEPTH) + np.minimum(inner, PAIR_DEPTH)
         return np.mean(each[a.zone(*zone)])
 
-    def meant(self, firsts, seconds, zone):
+    def intended(self, firsts, seconds, zone):
         """The white that straight and round letters, spaced by their bearings alone, have."""
         return np.mean([self.white(a, b, zone) for a in firsts for b in seconds])
 
-    def kern(self, first, second, zone, meant, strength, apart, nearest=NEAREST):
-        wanted = (meant - self.white(first, second, zone)) * strength + apart
+    def kern(self, first, second, zone, intended, strength, apart, nearest=NEAREST):
+        wanted = (intended - self.white(first, second, zone)) * strength + apart
         return self.clear(first, second, wanted if abs(wanted) > TOLERANCE else 0, nearest)
 
     def nearest(self, first, second):

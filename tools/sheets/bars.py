@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Values measured on the pictures of data/, beside the bars they are meant to reach."""
+"""Values measured on the pictures of data/, beside the bars that they must reach."""
 
 import io
 import time

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// SDL's key symbols, and which key of the keyboard is meant by which.
+// SDL's key symbols, and the key of the keyboard for each.
 
 export const symbols = {
   backspace: 8, tab: 9, enter: 13, pause: 19, escape: 27, space: 32, delete: 127,
