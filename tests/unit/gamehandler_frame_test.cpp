@@ -218,7 +218,7 @@ TEST_F(GameHandlerFrameTest, movesShip1BeforeShip2) {
                            }));
     play(1);
     EXPECT_THAT(places, testing::ElementsAre(500, 0));
-    EXPECT_EQ(ship2->reloading, 119);
+    EXPECT_GT(ship2->reloading, 0);
 }
 
 // Keeps the mode requested so far, because a later request of the frame replaces it.
