@@ -13,6 +13,7 @@ from concurrent.futures import ThreadPoolExecutor
 import pytest
 
 import gamerun
+import smalldata
 
 SCRIPT = "frames=1 quit"
 REASON = "out of luck"
@@ -156,7 +157,8 @@ def test_a_run_is_the_same_every_time(game, root, good):
 def test_a_good_run_gives_everything_back_in_order(good):
     picture = [str(call) for call in good].index("SDL_FreeSurface surface:800x600")
     before, after = good[:picture + 1], good[picture + 1:]
-    assert len(made_by(before)) == 20  # sixteen images, the font and three tracks
+    kept = len((*smalldata.PICTURES, smalldata.FONT, *smalldata.TRACKS))
+    assert len(made_by(before)) == kept
     assert [str(call) for call in after] == expected_releases(before)
     assert faults_of_releases(good) == []
 

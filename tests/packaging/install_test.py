@@ -9,6 +9,7 @@ import tarfile
 
 import pytest
 
+import smalldata
 from conftest import install
 
 ICON_SIZES = (16, 24, 32, 48, 64, 96, 128, 256, 512)
@@ -38,7 +39,7 @@ def data_names(project):
 def test_all_files_are_in_their_places(project, installed):
     _, directory = installed
     names = data_names(project)
-    assert len(names) == 16 + 1 + 3 + 1
+    assert names == sorted(smalldata.FILES)
     found = sorted(str(path.relative_to(directory)) for path in directory.rglob("*")
                    if path.is_file())
     assert found == places(names)
