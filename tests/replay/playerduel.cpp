@@ -26,6 +26,13 @@ const Keys keysOf[2] = {
 
 const int huntingDistance = 300; // pixels
 
+// The value rounded to a double. Some processors compute with more digits, or multiply and add
+// without rounding in between, and a comparison with a limit would then end differently there.
+double asDouble(double value) {
+    const volatile double rounded = value;
+    return rounded;
+}
+
 } // namespace
 
 void SeededPlayer::duel(const GameHandler& battle) {
@@ -112,8 +119,10 @@ SeededPlayer::Wishes SeededPlayer::hunt(const PlayerShip& own, const PlayerShip&
     const double dx = enemy.rect.x - own.rect.x;
     const double dy = enemy.rect.y - own.rect.y;
     // The enemy's place as seen along and across the own heading.
-    const double ahead = dx * std::sin(own.direction) + dy * std::cos(own.direction);
-    const double aside = dx * std::cos(own.direction) - dy * std::sin(own.direction);
+    const double sine = asDouble(std::sin(own.direction));
+    const double cosine = asDouble(std::cos(own.direction));
+    const double ahead = asDouble(asDouble(dx * sine) + asDouble(dy * cosine));
+    const double aside = asDouble(asDouble(dx * cosine) - asDouble(dy * sine));
     Wishes wishes;
     wishes.left = aside > 10 || (ahead < 0 && aside >= 0);
     wishes.right = !wishes.left && (aside < -10 || ahead < 0);
