@@ -12,8 +12,8 @@ SHORT_TERM = 3.0            # seconds before which the short-term window is not 
 GAP_BLOCK, GAP_WINDOW = .1, 2.0     # seconds
 FLOOR = 1e-10
 PEAK_DEPTH, PEAK_LIMIT = 25, 5000   # dB under the strongest peak; Hz
-ROUGH_PEAKS, ROUGH_DEPTH, ROUGH_BAND = 30, .02, (60, 5000)
-ROUGH_SCALE = 1.15          # to the scale of the values in ranges.txt
+ROUGH_PEAKS, ROUGH_DEPTH, ROUGH_LOWEST = 30, .03, 30  # peaks; share of the strongest; Hz
+ROUGH_SCALE = 12.0          # to the scale of the values in ranges.txt
 ROUGH_WINDOW = 8.0          # seconds
 ONSET_HOP, ONSET_HEIGHT = 256, .8   # samples; standard deviations over the mean of a second
 LIKE = .93                  # correlation of two spectrograms that counts as a repetition
@@ -64,21 +64,21 @@ def density(samples):
 
 
 def _roughness(frequency, amplitude):
-    """Beating of all pairs of peaks against their power, after Plomp and Levelt's curve."""
+    """Beating of all pairs of peaks, weighted by their amplitudes, after Plomp and Levelt."""
     apart = np.abs(frequency[:, None] - frequency)
     lower = np.minimum(frequency[:, None], frequency)
     scaled = apart * .24 / (.0207 * lower + 18.96)
     beating = np.exp(-3.51 * scaled) - np.exp(-5.75 * scaled)
-    return (amplitude[:, None] * amplitude * beating).sum() / 2 / (amplitude ** 2).sum()
+    return (amplitude[:, None] * amplitude * beating).sum() / amplitude.sum() ** 2
 
 
 def roughness(samples):
     """Mean roughness, and the standard deviation of its means over 8 s."""
-    frequency, times, spectrum = stft(samples.mean(1), RATE, nperseg=4096, noverlap=2048)
+    frequency, times, spectrum = stft(samples.mean(1), RATE, nperseg=2048, noverlap=1024)
     values = []
     for frame in np.abs(spectrum).T:
         peaks, _ = find_peaks(frame, height=frame.max() * ROUGH_DEPTH)
-        peaks = peaks[(frequency[peaks] > ROUGH_BAND[0]) & (frequency[peaks] < ROUGH_BAND[1])]
+        peaks = peaks[frequency[peaks] > ROUGH_LOWEST]
         peaks = peaks[np.argsort(frame[peaks])[-ROUGH_PEAKS:]]
         values.append(_roughness(frequency[peaks], frame[peaks]) if len(peaks) > 1 else 0)
     values = ROUGH_SCALE * np.array(values)
