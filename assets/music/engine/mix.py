@@ -4,7 +4,7 @@
 from concurrent.futures import ThreadPoolExecutor
 
 import numpy as np
-from scipy.fft import irfft, rfft
+from scipy.fft import irfft, next_fast_len, rfft, rfftfreq
 
 from . import reading, signal
 from .loopmp3 import FRAME, RATE as GAME_RATE
@@ -109,33 +109,35 @@ def _stems(score, clock, folder, parts):
         yield part, _treat(part, clock, circle(read(folder / f'{part.name}.wav'), length))
 
 
-def mix(score, clock, folder, parts):
-    """The unmastered loop."""
-    dry = np.zeros((round(clock.total * RATE), 2))
-    send = np.zeros_like(dry)
-    for part, samples in _stems(score, clock, folder, parts):
-        dry += samples
-        send += samples * signal.gain(part.instrument.reverb)
-    hall = signal.hall(score.mixing.get('hall', 1.9))
-    wet = signal.reverberate(signal.equalise(send, signal.highpass(140),
-                                             signal.lowpass(7500, 1)), hall)
-    return dry + wet
-
-
 def bar_borders(score, clock):
     """Samples at which the bars begin, and the end."""
     return [round(clock(bar * score.quavers) * RATE) for bar in range(score.bars + 1)]
 
 
-def energies(score, clock, folder):
-    """{part: its energy in every bar, plain and A-weighted}, before the hall."""
-    borders, result = bar_borders(score, clock), {}
-    for part, samples in _stems(score, clock, folder, sounding_parts(score)):
-        heard = signal.equalise(samples, signal.a_weight)
-        result[part.name] = tuple(np.array([(sound[a:b] ** 2).sum()
-                                            for a, b in zip(borders, borders[1:])])
-                                  for sound in (samples, heard))
-    return result
+def _bar_energy(samples):
+    """Energy of a bar, plain and A-weighted."""
+    count = next_fast_len(len(samples))
+    power = (np.abs(rfft(samples, count, axis=0)) ** 2).sum(1) * 2 / count
+    return (samples ** 2).sum(), (power * signal.a_weight(rfftfreq(count, 1 / RATE)) ** 2).sum()
+
+
+def mix(score, clock, folder, parts):
+    """The unmastered loop; every part's energy in each bar, plain and A-weighted, before the hall.
+
+    The energies are {part: array of two rows}.
+    """
+    dry = np.zeros((round(clock.total * RATE), 2))
+    send, energy = np.zeros_like(dry), {}
+    borders = bar_borders(score, clock)
+    for part, samples in _stems(score, clock, folder, parts):
+        dry += samples
+        send += samples * signal.gain(part.instrument.reverb)
+        energy[part.name] = np.transpose([_bar_energy(samples[first:last])
+                                          for first, last in zip(borders, borders[1:])])
+    hall = signal.hall(score.mixing.get('hall', 1.9))
+    wet = signal.reverberate(signal.equalise(send, signal.highpass(140),
+                                             signal.lowpass(7500, 1)), hall)
+    return dry + wet, energy
 
 
 def balance(score, energy):

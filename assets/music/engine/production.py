@@ -30,7 +30,9 @@ def produce(name, folder):
     clock = mix.loop_clock(score)
     print(f'{name}: {score.title}, {score.bars} bars, {clock.total:.2f} s', flush=True)
     parts = mix.render_parts(score, clock, folder)
-    samples = _master(score, mix.mix(score, clock, folder, parts))
+    loop, energy = mix.mix(score, clock, folder, parts)
+    samples = _master(score, loop)
     np.save(folder / 'loop.npy', samples.astype(np.float32))
+    np.savez(folder / 'energies.npz', **energy)
     quality = ['-V', f'{score.mixing["quality"]:g}', '--vbr-new']
     return loopmp3.cut(samples, quality, loopmp3.tag({'TIT2': score.title, **TAG}))
