@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The scores are complete and well led, and what checks them finds faults."""
 import subprocess
+from dataclasses import replace
 from pathlib import Path
 
 import mido
@@ -9,6 +10,7 @@ import numpy as np
 import pytest
 
 from engine import aims, counterpoint, loopmp3, mix, performance, reading, scorefile
+from engine.instruments import ORCHESTRA
 from engine.notation import ScoreError, parse_notes
 
 MUSIC = Path(__file__).resolve().parents[2] / 'assets' / 'music'
@@ -128,6 +130,31 @@ def test_beginning_of_the_file_cuts_off_no_early_note(tmp_path):
             begins.append(now)
     first, second = begins
     assert -first < min(loopmp3.EARLY) * loopmp3.FRAME / loopmp3.RATE < clock(6) - second
+
+
+def test_every_pitched_key_has_an_attack_of_its_own():
+    for name, instrument in ORCHESTRA.items():
+        keys = instrument.high - instrument.low + 1 if instrument.pitched else 0
+        assert len(instrument.attacks) == keys, name
+
+
+def test_keys_that_speak_slowly_are_struck_earlier(tmp_path):
+    violins = ORCHESTRA['violins']
+    keys = range(violins.low, violins.high + 1)
+    slow, fast = max(keys, key=violins.lead), min(keys, key=violins.lead)
+    score = small_score(tmp_path, 'z3 c3 | d3 c3')
+    part, clock, file = score.parts['violins'], performance.Clock(score), tmp_path / 'part.mid'
+    first, *_, last = part.notes
+    part.notes[:] = [replace(first, key=slow), replace(last, key=fast)]
+    performance.write_midi(score, part, clock, file)
+    now, ahead = -performance.LEAD_SECONDS, {}
+    for message in mido.MidiFile(file):
+        now += message.time
+        if message.type == 'note_on':
+            ahead[message.note] = clock(3 if message.note == slow else 9) - now
+    expected = (violins.lead(slow) - violins.lead(fast)) / 1000
+    assert ahead[slow] - ahead[fast] == pytest.approx(expected, abs=.04)
+    assert expected > .04
 
 
 def test_only_long_notes_of_single_lines_tremble(tmp_path):

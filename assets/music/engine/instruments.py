@@ -2,12 +2,17 @@
 # SPDX-License-Identifier: MIT
 """The orchestra: presets of the soundfont, written ranges, and how each one speaks.
 
-`early` is in milliseconds: the time that samples take to reach half of the highest level of their
-first quarter of a second (5 for a harp, 100 for violins, 225 for slow ones), so that much ahead of
-the beat their notes start, and are heard on it.  `vibrato` is in cents; `colour` is half of the
-dB by which the treble of the loudest dynamics is over that of the softest.
+Samples take from 2 (a dulcimer) to over 300 ms (slow violins) to reach half of their level, and
+differ from key to key.  attacks.txt holds that time for every key, as ../attacks measured it;
+so much ahead of the beat the notes start, and are heard on it.  `early` is the same for drums.
+`vibrato` is in cents; `colour` is half of the dB by which the treble of the loudest dynamics is
+over that of the softest.
 """
-from dataclasses import dataclass, field
+from dataclasses import dataclass, field, replace
+from pathlib import Path
+from statistics import median
+
+ATTACKS = Path(__file__).with_name('attacks.txt')
 
 # General MIDI programs that are bowed or blown.
 SUSTAINING = (20, 21, 22, 23, 40, 41, 42, 43, 48, 49, *range(56, 80), 109, 110)
@@ -23,7 +28,6 @@ class Instrument:
     program: int
     low: int
     high: int
-    early: float = 10.0
     jitter: float = 5.0
     gate: float = 0.93
     highpass: float = 60.0
@@ -31,9 +35,22 @@ class Instrument:
     reverb: float = -9.0
     width: float = 1.0
     channel: int = 0
+    early: float = 0.0
+    attacks: tuple = ()
     vibrato: float = 0.0
     colour: float = 0.0
     strokes: dict = field(default_factory=dict)
+
+    def lead(self, key):
+        """Milliseconds by which a key is struck before it should be heard."""
+        if not self.attacks:
+            return self.early
+        return self.attacks[min(max(key, self.low), self.high) - self.low]
+
+    @property
+    def usual_lead(self):
+        """The median of all keys."""
+        return median(self.attacks) if self.attacks else self.early
 
     @property
     def sustains(self):
@@ -56,34 +73,34 @@ def taiko_key(pitch):
 
 
 ORCHESTRA = {
-    'piccolo': Instrument(0, 72, 74, 103, 38, 6, .9, 400, (), -8, vibrato=12, colour=4),
-    'recorder': Instrument(0, 74, 60, 98, 36, 6, .95, 300, (), -8, vibrato=10, colour=6),
-    'flute': Instrument(0, 73, 60, 96, 38, 7, .95, 240, (), -7, vibrato=16, colour=8),
-    'oboe': Instrument(0, 68, 58, 91, 18, 7, .96, 220, ((3000, 1.0),), -7, vibrato=14, colour=16),
-    'clarinet': Instrument(0, 71, 50, 89, 40, 7, .96, 140, (), -8, vibrato=5, colour=8),
-    'bassoon': Instrument(0, 70, 34, 72, 25, 6, .9, 70, (), -10, vibrato=10, colour=8),
-    'horns': Instrument(0, 60, 41, 77, 34, 8, .97, 90, ((1500, 1.0),), -6, vibrato=5, colour=7),
-    'trumpets': Instrument(0, 56, 55, 84, 15, 6, .9, 160, (), -8, vibrato=8, colour=6),
-    'trombones': Instrument(0, 57, 38, 72, 44, 7, .93, 70, (), -8, vibrato=6, colour=6),
-    'tuba': Instrument(0, 58, 26, 58, 52, 6, .88, 36, (), -10, colour=6),
-    'harp': Instrument(0, 46, 24, 103, 5, 9, 1.6, 50, ((2500, 1.5),), -8, colour=2),
-    'fiddle': Instrument(0, 110, 55, 98, 90, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9,
+    'piccolo': Instrument(0, 72, 74, 103, 6, .9, 400, (), -8, vibrato=12, colour=4),
+    'recorder': Instrument(0, 74, 60, 98, 6, .95, 300, (), -8, vibrato=10, colour=6),
+    'flute': Instrument(0, 73, 60, 96, 7, .95, 240, (), -7, vibrato=16, colour=8),
+    'oboe': Instrument(0, 68, 58, 91, 7, .96, 220, ((3000, 1.0),), -7, vibrato=14, colour=21.5),
+    'clarinet': Instrument(0, 71, 50, 89, 7, .96, 140, (), -8, vibrato=5, colour=8),
+    'bassoon': Instrument(0, 70, 34, 72, 6, .9, 70, (), -10, vibrato=10, colour=8),
+    'horns': Instrument(0, 60, 41, 77, 8, .97, 90, ((1500, 1.0),), -6, vibrato=5, colour=8.5),
+    'trumpets': Instrument(0, 56, 55, 84, 6, .9, 160, (), -8, vibrato=8, colour=6),
+    'trombones': Instrument(0, 57, 38, 72, 7, .93, 70, (), -8, vibrato=6, colour=6),
+    'tuba': Instrument(0, 58, 26, 58, 6, .88, 36, (), -10, colour=6),
+    'harp': Instrument(0, 46, 24, 103, 9, 1.6, 50, ((2500, 1.5),), -8, colour=2),
+    'fiddle': Instrument(0, 110, 55, 98, 5, .93, 180, ((3000, 1.5), (450, -1.5)), -11, .9,
                          vibrato=14, colour=9),
-    'violins': Instrument(20, 48, 55, 100, 100, 6, .92, 170, colour=12),
-    'violins2': Instrument(25, 48, 55, 96, 66, 7, .92, 150, colour=9),
-    'violas': Instrument(30, 48, 48, 84, 68, 7, .92, 120, colour=8),
-    'celli': Instrument(40, 48, 36, 76, 82, 6, .92, 60, ((220, -1.5),), -10, colour=7),
-    'basses': Instrument(50, 48, 28, 60, 100, 6, .88, 36, (), -13, .8, colour=6),
-    'slow violins': Instrument(20, 49, 55, 98, 135, 8, .99, 170, colour=8),
-    'slow violins2': Instrument(25, 49, 55, 96, 225, 8, .99, 150, colour=8),
-    'slow violas': Instrument(30, 49, 48, 84, 130, 8, .99, 120, colour=8),
-    'slow celli': Instrument(40, 49, 36, 76, 130, 8, .99, 60, ((220, -1.0),), -9, colour=7),
-    'slow basses': Instrument(50, 49, 28, 60, 180, 8, .99, 36, (), -12, .8, colour=6),
-    'pizzicato': Instrument(40, 45, 36, 76, 20, 4, .9, 60, (), -12, colour=2),
-    'violin pizzicato': Instrument(20, 45, 55, 96, 11, 5, .9, 160, (), -10, colour=2),
-    'dulcimer': Instrument(0, 15, 55, 96, 2, 5, 1.2, 160, (), -10),
-    'glockenspiel': Instrument(0, 9, 72, 108, 7, 5, 2.0, 500, (), -8),
-    'timpani': Instrument(0, 47, 36, 55, 5, 3, 1.5, 40, (), -9, colour=3),
+    'violins': Instrument(20, 48, 55, 100, 6, .92, 170, colour=13),
+    'violins2': Instrument(25, 48, 55, 96, 7, .92, 150, colour=9),
+    'violas': Instrument(30, 48, 48, 84, 7, .92, 120, colour=8),
+    'celli': Instrument(40, 48, 36, 76, 6, .92, 60, ((220, -1.5),), -10, colour=7),
+    'basses': Instrument(50, 48, 28, 60, 6, .88, 36, (), -13, .8, colour=6),
+    'slow violins': Instrument(20, 49, 55, 98, 8, .99, 170, colour=10),
+    'slow violins2': Instrument(25, 49, 55, 96, 8, .99, 150, colour=8),
+    'slow violas': Instrument(30, 49, 48, 84, 8, .99, 120, colour=8),
+    'slow celli': Instrument(40, 49, 36, 76, 8, .99, 60, ((220, -1.0),), -9, colour=7),
+    'slow basses': Instrument(50, 49, 28, 60, 8, .99, 36, (), -12, .8, colour=6),
+    'pizzicato': Instrument(40, 45, 36, 76, 4, .9, 60, (), -12, colour=2),
+    'violin pizzicato': Instrument(20, 45, 55, 96, 5, .9, 160, (), -10, colour=2),
+    'dulcimer': Instrument(0, 15, 55, 96, 5, 1.2, 160, (), -10),
+    'glockenspiel': Instrument(0, 9, 72, 108, 5, 2.0, 500, (), -8),
+    'timpani': Instrument(0, 47, 36, 55, 3, 1.5, 40, (), -9, colour=3),
     'taiko': Instrument(0, 116, reverb=-11, width=.8, highpass=38, bells=((90, 1.5),),
                         strokes={'L': ('low', 14), 'X': ('high', 8), 'x': ('high', -14),
                                  'o': ('high', -34)}, **_drum(channel=0)),
@@ -107,3 +124,15 @@ ORCHESTRA = {
     'bass drum': Instrument(8, 116, reverb=-9, highpass=30,
                             strokes={'X': (36, 14), 'x': (36, -10)}, **_drum(channel=0)),
 }
+
+
+def _with_attacks(orchestra):
+    if not ATTACKS.exists():
+        return orchestra
+    text = ATTACKS.read_text(encoding='utf-8').replace('\n ', ' ')
+    table = dict(line.split(' : ') for line in text.splitlines() if not line.startswith('#'))
+    return {name: replace(instrument, attacks=tuple(map(int, table.get(name, '').split())))
+            for name, instrument in orchestra.items()}
+
+
+ORCHESTRA = _with_attacks(ORCHESTRA)

@@ -166,7 +166,7 @@ def _vibrato(score, part, clock):
     if not part.instrument.vibrato or not is_single_line(part):
         return result
     for note in sorted((n for n in part.notes if n.written), key=lambda n: n.start):
-        early = part.instrument.early / 1000
+        early = part.instrument.lead(note.key) / 1000
         begin = clock(note.start) - early
         length = clock(min(score.length, note.end)) - early - begin
         hertz = VIBRATO_HERTZ + chance.uniform(-VIBRATO_STRAY, VIBRATO_STRAY)
@@ -201,8 +201,11 @@ def _played_notes(score, part, clock):
     for start, notes in moments.items():
         lean = LEANING * lean + (1 - LEANING ** 2) ** .5 * chance.gauss(0, instrument.jitter)
         for note in notes:
-            late = (lean + chance.gauss(-instrument.early, instrument.jitter / 4)) / 1000
+            lead = instrument.lead(note.key)
+            late = (lean + chance.gauss(-lead, instrument.jitter / 4)) / 1000
             on = _tick(max(clock(start) + late, -FIRST_EARLY))
+            # A key that is struck very early is held on, or fast notes would have holes.
+            late += max(0.0, lead - instrument.usual_lead) / 1000
             held = note.length * (1 if note.joins else note.gate or instrument.gate)
             end = clock(min(score.length, start + held)) + late
             off = max(_tick(end + SLUR_SECONDS * note.joins), on + 60)
