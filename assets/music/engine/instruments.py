@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The orchestra: presets of the soundfont, written ranges, and how each one speaks.
 
-Samples take from 2 (a dulcimer) to over 300 ms (slow violins) to reach half of their level, and
+Samples take from 2 (a dulcimer) to over 400 ms (slow basses) to reach half of their level, and
 differ from key to key.  attacks.txt holds that time for every key, as ../attacks measured it;
 so much ahead of the beat the notes start, and are heard on it.  `early` is the same for drums.
 `vibrato` is in cents; `colour` is half of the dB by which the treble of the loudest dynamics is
