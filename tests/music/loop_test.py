@@ -115,7 +115,10 @@ def shifted(sound, model):
     """The part of a sound that is most like the middle of a model, and that middle."""
     margin = len(model) // 4
     middle = model[margin:-margin]
-    at = int(numpy.correlate(sound[:, 0], middle[:, 0], 'valid').argmax())
+    # Correlation alone would prefer a louder place over a more similar one.
+    like = numpy.correlate(sound[:, 0], middle[:, 0], 'valid')
+    power = numpy.convolve(sound[:, 0] ** 2, numpy.ones(len(middle)), 'valid')
+    at = int((2 * like - power).argmax())
     return sound[at:at + len(middle)], middle
 
 
