@@ -62,8 +62,8 @@ private:
     static SDL_Event filled(SDL_Event event) {
         event.key.which = 3;
         event.key.keysym.mod = static_cast<SDLMod>(WithModifier::GetParam().mod);
-        event.key.keysym.scancode = 200;
-        event.key.keysym.unicode = 0x20ac;
+        event.key.keysym.scancode = event.key.keysym.mod == KMOD_NONE ? 0 : 200;
+        event.key.keysym.unicode = 27; // the character of Escape, which no screen may look at
         return event;
     }
 };
@@ -119,7 +119,10 @@ TEST_P(MenuModifierTest, endsTheProgram) {
 
 using BattleModifierTest = WithModifier<DuelTest>;
 
-TEST_P(BattleModifierTest, isLeftWithEscape) {
+TEST_P(BattleModifierTest, isLeftWithEscapeAlone) {
+    SDL_Event other = down(SDLK_w);
+    battle->event(&other);
+    EXPECT_EQ(newProgramMode, nullptr);
     SDL_Event event = down(SDLK_ESCAPE);
     battle->event(&event);
     EXPECT_TRUE(takeRequest<MainMenu>());
