@@ -32,6 +32,8 @@ const Overlap overlaps[] = {
     {"widest, touching", {-32768, 0, 65535, 1}, {32767, 0, 1, 1}, false},
     {"beyond 16 bits", {32767, 32767, 65535, 65535}, {0, 0, 10, 10}, false},
     {"beyond 16 bits, both", {32767, 32767, 65535, 65535}, {32000, 32000, 1000, 1000}, true},
+    {"ends beyond 16 bits", {32700, 32700, 100, 100}, {32750, 32750, 10, 10}, true},
+    {"other ends beyond 16 bits", {32750, 32750, 10, 10}, {32700, 32700, 100, 100}, true},
     {"no width, inside", {5, 0, 0, 10}, {0, 0, 10, 10}, true},
     {"no width, at the left edge", {0, 0, 0, 10}, {0, 0, 10, 10}, false},
     {"no width, at the right edge", {10, 0, 0, 10}, {0, 0, 10, 10}, false},
