@@ -55,6 +55,7 @@ class WindowDisplay:
                        check=False)
 
     def picture(self):
+        # Not with the imaging library, which crashes when the server goes away meanwhile.
         try:
             image = self.root.get_image(0, 0, WIDTH, HEIGHT, X.ZPixmap, ALL_PLANES)
         except ConnectionClosedError:
