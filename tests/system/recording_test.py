@@ -21,6 +21,7 @@ REPLAYS = Path(__file__).resolve().parents[1] / "replay"
 TRACKS = ("music1.mp3", "music2.mp3", "music3.mp3")
 SEED = 11
 COMPARED = 14  # displays
+FRAMES_PER_PICTURE = 10  # as the recorder takes them
 PATIENCE = 120  # seconds, on a machine that is very busy
 
 
@@ -70,9 +71,9 @@ def wait_for_frame(directory, frame):
 
 
 def wait_for_pictures(directory, count):
-    """Waits until so many more frames have been recorded as pictures, as one in ten is."""
+    """Waits until so many more pictures have been recorded."""
     last = max(int(path.stem) for path in directory.glob("*.bmp"))
-    wait_for_frame(directory, last + 10 * count)
+    wait_for_frame(directory, last + FRAMES_PER_PICTURE * count)
 
 
 def pixels(path):
