@@ -11,6 +11,8 @@ from robots.artwork import difference
 INTRO_SECONDS = 601 * 0.016
 CONVERGED = 1.5  # mean difference of the channels from the finished picture
 FEW = slice(None, None, 4)  # every fourth pixel will do, and keeps the looks close together
+LONGEST_GAP = 0.5  # seconds between two looks; a fade could happen unseen in a longer one
+TRIES = 10  # on a busy machine some looks come too late
 
 
 def watch_intro(stage, expected, menu):
@@ -26,6 +28,18 @@ def watch_intro(stage, expected, menu):
     return samples[:-1], samples[-1][0]
 
 
+def watch_closely(play, expected, menu):
+    """The first intro of several that is seen without a long gap; as watch_intro returns it."""
+    for _ in range(TRIES):
+        with play() as guide:
+            samples, menu_seen = watch_intro(guide.stage, expected, menu)
+            guide.stage.tap("Escape")
+        times = [0, *(seconds for seconds, _ in samples), menu_seen]
+        if max(later - earlier for earlier, later in zip(times, times[1:])) <= LONGEST_GAP:
+            return samples, menu_seen
+    pytest.fail(f"none of {TRIES} intros could be watched without a gap of {LONGEST_GAP} s")
+
+
 def best_moment(samples, picture):
     return min(range(len(samples)), key=lambda i: samples[i][1][picture])
 
@@ -35,9 +49,7 @@ def test_whole_intro_leads_to_the_menu(play, artwork):
                 artwork.title()]
     expected = [picture[FEW, FEW] for picture in expected]
     menu = artwork.menu()[FEW, FEW]
-    with play() as guide:
-        samples, menu_seen = watch_intro(guide.stage, expected, menu)
-        guide.stage.tap("Escape")
+    samples, menu_seen = watch_closely(play, expected, menu)
 
     assert menu_seen >= INTRO_SECONDS
     moments = [best_moment(samples, picture) for picture in (0, 1, 2)]
