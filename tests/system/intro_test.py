@@ -11,8 +11,8 @@ from robots.artwork import difference
 INTRO_SECONDS = 601 * 0.016
 CONVERGED = 1.5  # mean difference of the channels from the finished picture
 FEW = slice(None, None, 4)  # every fourth pixel will do, and keeps the looks close together
-LONGEST_GAP = 0.5  # seconds between two looks; a fade could happen unseen in a longer one
-TRIES = 10  # on a busy machine some looks come too late
+LONGEST_GAP = 0.2  # seconds between two looks; in a longer one much may happen unseen
+TRIES = 10  # on a busy machine, where such gaps occur
 
 
 def watch_intro(stage, expected, menu):
@@ -28,16 +28,9 @@ def watch_intro(stage, expected, menu):
     return samples[:-1], samples[-1][0]
 
 
-def watch_closely(play, expected, menu):
-    """The first intro of several that is seen without a long gap; as watch_intro returns it."""
-    for _ in range(TRIES):
-        with play() as guide:
-            samples, menu_seen = watch_intro(guide.stage, expected, menu)
-            guide.stage.tap("Escape")
-        times = [0, *(seconds for seconds, _ in samples), menu_seen]
-        if max(later - earlier for earlier, later in zip(times, times[1:])) <= LONGEST_GAP:
-            return samples, menu_seen
-    pytest.fail(f"none of {TRIES} intros could be watched without a gap of {LONGEST_GAP} s")
+def longest_gap(samples):
+    times = [0, *(seconds for seconds, _ in samples)]
+    return max(later - earlier for earlier, later in zip(times, times[1:]))
 
 
 def best_moment(samples, picture):
@@ -49,17 +42,26 @@ def test_whole_intro_leads_to_the_menu(play, artwork):
                 artwork.title()]
     expected = [picture[FEW, FEW] for picture in expected]
     menu = artwork.menu()[FEW, FEW]
-    samples, menu_seen = watch_closely(play, expected, menu)
+    for more in reversed(range(TRIES)):
+        with play() as guide:
+            samples, menu_seen = watch_intro(guide.stage, expected, menu)
+            guide.stage.tap("Escape")
+        try:
+            assert menu_seen >= INTRO_SECONDS
+            assert_pictures_fade_in_turn(samples)
+            break
+        except AssertionError:
+            if not more or longest_gap(samples) <= LONGEST_GAP:
+                raise
 
-    assert menu_seen >= INTRO_SECONDS
+
+def assert_pictures_fade_in_turn(samples):
     moments = [best_moment(samples, picture) for picture in (0, 1, 2)]
     assert moments == sorted(moments)
-    for picture, moment in enumerate(moments):
-        assert samples[moment][1][picture] < CONVERGED
     begin = 0
     for picture, moment in enumerate(moments):
-        fading = [sample[1][picture] for sample in samples[begin:moment + 1]]
-        assert_fades(fading)
+        assert samples[moment][1][picture] < CONVERGED
+        assert_fades([sample[1][picture] for sample in samples[begin:moment + 1]])
         begin = moment
 
 
