@@ -173,7 +173,7 @@ def ship_bars(artwork):
          spread([100 * share for share in seen]), "at least 90", min(seen) >= 0.9),
         ("the first, outermost pixel alone, %",
          spread([100 * share for share in outermost]), "for information", None),
-        ("light, change of luma as she turns", f"{change:.1f}", "above 5", change > 5),
+        ("light, change of luma as the ship turns", f"{change:.1f}", "above 5", change > 5),
         ("shadow falls towards, degrees below right", f"{falls.mean():.0f}", "45 within 10",
          abs(falls.mean() - 45) <= 10),
         ("the same at each heading, degrees from the mean", spread(list(falls - falls.mean())),
@@ -182,7 +182,7 @@ def ship_bars(artwork):
          max(misses) <= 4),
         ("sails above the hit box, pixels", spread(rises, "{}"), "-4 to 33",
          min(rises) >= -4 and max(rises) <= 33),
-        ("middle of the hull, strays as she turns, pixels", f"{wander:.1f}", "at most 1",
+        ("middle of the hull, wandering as the ship turns, pixels", f"{wander:.1f}", "at most 1",
          wander <= 1),
     ]
 
@@ -223,9 +223,9 @@ def eye_bars(artwork):
     top = BUTTON_HEIGHT * BUTTON_TYPES[0]
     plates = [strip[y:y + BUTTON_HEIGHT] for y in (top, top + HIGHLIGHT_OFFSET)]
     plate = (plates[0][..., 3] > 200) & (plates[1][..., 3] > 200)
-    pairs = (("dial, loaded from nearly loaded", dials[40], dials[39], disc),
-             ("dial, loaded from empty", dials[40], dials[0], disc),
-             ("button, focused from not", plates[1], plates[0], plate))
+    pairs = (("dial, loaded against nearly loaded", dials[40], dials[39], disc),
+             ("dial, loaded against empty", dials[40], dials[0], disc),
+             ("button, focused against unfocused", plates[1], plates[0], plate))
     rows = []
     for what, one, other, where in pairs:
         for deficiency in (None, *DEFICIENCIES):
@@ -238,9 +238,9 @@ def eye_bars(artwork):
 
 def table(rows):
     """A Markdown table of values."""
-    lines = ["| measured | value | bar | |", "|---|---|---|---|"]
+    lines = ["| measured | value | limit | |", "|---|---|---|---|"]
     for what, value, bar, reached in rows:
-        word = {True: "reached", False: "**missed**", None: ""}[reached]
+        word = {True: "met", False: "**missed**", None: ""}[reached]
         lines.append(f"| {what} | {value} | {bar} | {word} |")
     return "\n".join(lines)
 
