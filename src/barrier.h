@@ -9,8 +9,8 @@
 
 class GameHandler;
 
-// An obstacle in the water: 0 the island, 1 a reef, 2 a rock. Ships are blocked by the whole
-// rectangle of its picture; cannonballs fly over it.
+// An obstacle in the water: type 0 is the island, 1 a reef, 2 a rock. The whole rectangle of its
+// picture blocks ships; cannonballs fly over it.
 class Barrier : public GameObject {
 public:
     // Places the barrier clear of all earlier ones and then joins the battle's barriers. Types
@@ -21,8 +21,8 @@ public:
     void update(SDL_Surface* where) override;
 
     // Picks places at random until one is clear of the barriers in the battle's list. Only a
-    // barrier that is not yet in the list may be moved: one in it would forever collide with
-    // itself.
+    // barrier that is not yet in the list may be moved: a barrier in the list would always collide
+    // with itself.
     void relocate();
 
     GameHandler* handler; // not owned

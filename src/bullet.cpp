@@ -35,7 +35,7 @@ void Bullet::update(SDL_Surface* where) {
     }
     pos.x = static_cast<Sint16>(pos.x + velocity.x);
     pos.y = static_cast<Sint16>(pos.y + velocity.y);
-    // Only the corner counts: a ball that hangs over the right or lower edge flies on.
+    // Only the top left corner counts: a ball that extends beyond the right or lower edge flies on.
     if (pos.x < 0 || pos.x >= handler->world->w || pos.y < 0 || pos.y >= handler->world->h) {
         visible = false;
         return;
@@ -46,7 +46,7 @@ void Bullet::update(SDL_Surface* where) {
         return;
     }
     // Deliberate: drawing sets the size of pos to what was drawn, which is the hit box of the next
-    // frame. A ball is as large as it looks, and hits with the part that is in the world.
+    // frame. Only the part of a ball that is inside the world is seen, and only that part can hit.
     SDL_BlitSurface(imagePool["cball.png"], nullptr, where, &pos);
 }
 

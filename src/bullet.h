@@ -10,11 +10,12 @@
 class GameHandler;
 class PlayerShip;
 
-// A player's one cannonball, reused for every shot. In flight it moves in a straight line over
+// A player's only cannonball, reused for every shot. In flight it moves in a straight line over
 // barriers and over its own ship until it leaves the world or hits the other player's ship.
 class Bullet : public GameObject {
 public:
-    // A resting cannonball. It does not look at the ships, which are built later.
+    // A cannonball that is not in flight. The constructor does not use the ships, which are built
+    // later.
     Bullet(GameHandler* battle, int owningPlayer);
     ~Bullet() override;
 
@@ -31,7 +32,7 @@ public:
     int playerId;
     int type; // the type of the owner's ship
     SDL_Rect size;
-    SDL_Rect pos;      // place in the world and the hit box, which a draw sets to the size drawn
+    SDL_Rect pos;      // place in the world and hit box; drawing sets w and h to what is visible
     SDL_Rect velocity; // x and y in pixels per frame
     int speed;         // launch speed in pixels per frame
     bool visible;      // in flight

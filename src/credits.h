@@ -7,7 +7,7 @@
 
 #include "programmode.h"
 
-// Who made the game. Left in the same ways as the help screen.
+// Shows who made the game. It is left in the same ways as the help screen.
 class Credits : public ProgramMode {
 public:
     ~Credits() override;

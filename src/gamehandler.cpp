@@ -38,7 +38,7 @@ void layWater(SDL_Surface* sea) {
             if (w == 0 || h == 0) {
                 continue;
             }
-            // Below the sea h is negative; the blit clips such a tile away.
+            // A tile below the sea has a negative h; the blit clips it away.
             SDL_Rect source = {0, 0, static_cast<Uint16>(w), static_cast<Uint16>(h)};
             SDL_Rect place = {static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
             SDL_BlitSurface(tile, &source, sea, &place);
@@ -46,12 +46,12 @@ void layWater(SDL_Surface* sea) {
     }
 }
 
-// The sea is copied whole in every frame. The classic library's plain copy writes past the
-// processor's cache, where the barriers, the ships and the viewports then miss what was written.
-// With a colour key and run lengths it copies each run of pixels with memcpy instead, and the whole
-// frame takes about two thirds of the time. No pixel has the key: magenta in a picture without
-// alpha is transparent. sdl12-compat would compare every pixel with the key, so there the copy
-// stays plain.
+// Prepares the sea for being copied whole in every frame. The classic library's plain copy bypasses
+// the processor's cache, so the copied pixels are missing there when the barriers, the ships and
+// the viewports need them. With a colour key and SDL_RLEACCEL, the library copies each run of
+// pixels with memcpy instead, and the whole frame takes about two thirds of the time. No pixel has
+// the colour key, because magenta in a picture without alpha is transparent. sdl12-compat would
+// compare every pixel with the key, so with that library the copy stays plain.
 void copyInRuns(SDL_Surface* sea) {
     if (SDL_Linked_Version()->patch < firstCompatPatch) {
         const Uint32 unused = SDL_MapRGB(sea->format, 255, 0, 255);
@@ -92,8 +92,8 @@ GameHandler::GameHandler() {
     objects.push_back(ship2);
     bullet1->shipsWereInitialized();
     bullet2->shipsWereInitialized();
-    // Deliberate: one retry only, and the new place is not checked again. The ships rarely, but
-    // sometimes, start in each other's line of fire.
+    // Deliberate: there is one retry only, and the new place is not checked again. Occasionally the
+    // ships do start in each other's line of fire.
     if (ship1->rect.x == ship2->rect.x || ship1->rect.y == ship2->rect.y) {
         ship2->relocate();
     }

@@ -49,11 +49,11 @@ public:
     SDL_Rect viewport1;      // the part of the world shown to player 1
     SDL_Rect viewport2;
     std::vector<GameObject*> objects; // owned; in the order of updating and drawing
-    std::vector<Barrier*> barriers;   // stand in objects
+    std::vector<Barrier*> barriers;   // also in objects
     SDL_Surface* world;               // owned; redrawn every frame
     int shipType1; // the type of a player's ship chooses the speed of that player's cannonball
     int shipType2;
-    PlayerShip* ship1; // the ships and cannonballs stand in objects
+    PlayerShip* ship1; // the ships and cannonballs are also in objects
     PlayerShip* ship2;
     Bullet* bullet1;
     Bullet* bullet2;

@@ -7,8 +7,8 @@
 
 #include "programmode.h"
 
-// Names the winner of a duel. Only Escape leaves, so that the keys still held from the battle
-// cannot hurry anybody past the result.
+// Names the winner of a duel. Only Escape leaves this screen, so that keys still held from the
+// battle cannot close it before the players have read the result.
 class GameOver : public ProgramMode {
 public:
     // The id of the player who lost, 1 or 2.

@@ -7,7 +7,7 @@
 
 #include "programmode.h"
 
-// The controls of both players.
+// Shows the controls of both players.
 class HelpScreen : public ProgramMode {
 public:
     ~HelpScreen() override;

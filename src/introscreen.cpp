@@ -91,7 +91,7 @@ void IntroScreen::event(SDL_Event* e) {
 }
 
 void IntroScreen::update() {
-    // Without memory for its picture the intro runs on unseen.
+    // Without memory for its picture, the intro continues without showing anything.
     if (buf != nullptr) {
         drawFrame(buf, frameCounter);
     }

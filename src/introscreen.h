@@ -7,15 +7,16 @@
 
 #include "programmode.h"
 
-// The first screen: 600 frames in which three pictures fade in one after the other, then the main
-// menu, whose first picture continues the last one. Any key press or mouse button release skips it.
+// The first screen: for 600 frames, three pictures fade in one after the other. The main menu
+// follows, and shows the last of these pictures behind its panel. Any key press or mouse button
+// release skips the intro.
 class IntroScreen : public ProgramMode {
 public:
     IntroScreen();
     ~IntroScreen() override;
 
     void event(SDL_Event* e) override;
-    // One step of the timeline.
+    // Advances the intro by one frame.
     void update() override;
     void cleanUp() override;
 

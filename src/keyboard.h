@@ -11,8 +11,8 @@
 namespace Keyboard {
 
 // Records the key of an SDL_KEYDOWN event. Deliberate: a key that was released and pressed again
-// within one frame stays "released", so a double tap within 16 ms is one tap. It reads as up from
-// the next frame until it is pressed again.
+// within one frame stays "released", so a double tap within 16 ms is one tap. The key counts as up
+// from the next frame until it is pressed again.
 void keyPress(SDL_Event* event);
 
 // Marks the key of an SDL_KEYUP event as released during this frame, whatever it was before.

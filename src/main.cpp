@@ -44,7 +44,7 @@ const Uint32 frameTicks = 16; // milliseconds
 
 const char* const marker = "morvane.dat";
 
-// In the order in which they are searched.
+// Where the data files may be, in the order of the search.
 const char* const dataPlaces[] = {
     "",
     "data/",
@@ -115,7 +115,7 @@ void loadData() {
         error("Data loading failed", 4);
     }
 #ifdef __GLIBC__
-    // Decoding leaves holes in the heap that nothing fills later, 4 MB of them.
+    // Decoding leaves 4 MB of free memory in the heap that nothing uses later.
     malloc_trim(0);
 #endif
 }
@@ -146,7 +146,8 @@ void switchMode() {
     activeProgramMode->activate();
 }
 
-// One millisecond at a time, so that the frame ends close to its mark. A late frame is not made up.
+// Waits one millisecond at a time, so that the frame ends close to its 16 ms. The time that a late
+// frame has lost is not made up.
 void waitForFrameEnd(Uint32 frameStart) {
     while (SDL_GetTicks() - frameStart < frameTicks) {
         SDL_Delay(1);
@@ -177,7 +178,7 @@ void shutdown() {
     if (haveSound) {
         Mix_CloseAudio();
     }
-    // Deliberate: after the mixer is closed, because closing it stops the music first.
+    // Deliberate: the tracks are freed after the mixer is closed, because closing stops the music.
     Music::unload();
     if (initializationProgress == 3) {
         if (papyrusFont != nullptr) {

@@ -28,7 +28,7 @@ extern std::map<std::string, SDL_Surface*> imagePool; // owns every image until 
 // Lets the current frame run to its end and then ends the program.
 void stopProgram();
 
-// Releases the libraries as far as they were started. Runs once, at the end of the program.
+// Releases the libraries that were started. Runs once, at the end of the program.
 void shutdown();
 
 // Reports a problem on the standard error stream. Level 1 is written without a prefix, 2 as a
@@ -41,7 +41,7 @@ int error(const char* str2, int type);
 std::string tr(const std::string& str);
 
 // Writes white Latin-1 text onto the display without flipping it, centred horizontally; line 0 is
-// centred vertically, the other lines lie whole text heights above (negative) or below it. Text
+// centred vertically, the other lines are whole text heights above (negative) or below it. Text
 // that cannot be rendered is left out.
 void simpleText(const char* str, int line);
 
@@ -55,17 +55,17 @@ bool leavesTextScreen(const SDL_Event& e);
 // True when the file can be opened for reading.
 bool fileExists(const char* filename);
 
-// The first candidate directory that holds the marker file, as a prefix for file names. Does not
-// return when there is none.
+// The first candidate directory that contains the marker file, as a prefix for file names. Ends the
+// program when there is none.
 const char* getDataPath();
 
 // Loads an image of the data directory, converts it to the display's format and puts it into
-// imagePool, which owns it, under its bare file name. With hasAlpha its own alpha channel counts,
-// without it pure magenta is transparent. On failure reports it, leaves the pool alone and
+// imagePool, which owns it, under its bare file name. With hasAlpha its own alpha channel is used;
+// without it, pure magenta is transparent. On failure, reports it, leaves the pool unchanged and
 // returns null.
 SDL_Surface* loadImage(const std::string& filename, bool hasAlpha);
 
-// Opens a font of the data directory at a size in points; the caller owns it. On failure reports
+// Opens a font of the data directory at a size in points; the caller owns it. On failure, reports
 // it and returns null.
 TTF_Font* loadFont(const std::string& filename, int size);
 

@@ -26,8 +26,8 @@ const int helpButton = 1;
 const int creditsButton = 2;
 const int quitButton = 3;
 
-// Made once. The name is too long for the string's own buffer, so making it in every frame would
-// allocate memory every time.
+// Constructed once: the name is too long for the string's own buffer, so constructing it in every
+// frame would allocate memory every time.
 const std::string painting = "pozadie-lode3.png";
 
 bool isSelectKey(SDLKey key) {
@@ -96,8 +96,9 @@ void MainMenu::event(SDL_Event* e) {
 }
 
 void MainMenu::activate() {
-    // The plates go to two surfaces in turn. With run lengths SDL 1.2 would encode the whole strip
-    // again at every change, and a frame of the menu would take longer than 16 ms.
+    // The button pictures are drawn onto two surfaces in turn. With SDL_RLEACCEL, SDL 1.2 would
+    // encode the whole strip again at every change, and a frame of the menu would take longer than
+    // 16 ms.
     SDL_Surface* strip = imagePool["tlacitka.png"];
     SDL_SetAlpha(strip, SDL_SRCALPHA, strip->format->alpha);
     redraw();
@@ -151,8 +152,8 @@ void MainMenu::select() {
         redraw();
         break;
     case battleButton:
-        // Deliberate: a duel chosen by key begins when that key is released. Return and Space also
-        // fire, and the key press of the menu must not become a player's first shot.
+        // Deliberate: a duel chosen with a key begins when that key is released. Return and Space
+        // also fire, and the key press in the menu must not become a player's first shot.
         if (Keyboard::isPressed(SDLK_RETURN) || Keyboard::isPressed(SDLK_SPACE)) {
             waitingToReleaseReturn = true;
         } else {

@@ -24,7 +24,7 @@ MainMenuButton::~MainMenuButton() {
 SDL_Rect MainMenuButton::getPosition() const {
     SDL_Rect pos = MainMenu::firstButton;
     pos.x = static_cast<Sint16>((screen->w - pos.w) / 2);
-    // The buttons touch, and their block stands on the middle of the panel.
+    // The buttons touch each other, and together they are centred on the panel.
     pos.y = static_cast<Sint16>(
         MainMenu::getAbsoluteMenuYOffset() +
         (MainMenu::getMenuHeight() + (2 * id - MainMenu::numButtons) * pos.h) / 2);
@@ -57,8 +57,8 @@ void MainMenuButton::redraw(SDL_Surface* target) {
     highlighted.x = static_cast<Sint16>(highlighted.x + MainMenu::focusModifier.x);
     highlighted.y = static_cast<Sint16>(highlighted.y + MainMenu::focusModifier.y);
 
-    // The highlighted picture is put over a copy of what lies under the button, so that its own
-    // transparency holds, and the whole copy is then blended over the normal picture.
+    // The highlighted picture is drawn over a copy of what is under the button, so that its own
+    // transparency is kept, and the whole copy is then blended over the normal picture.
     SDL_SetAlpha(buf, SDL_SRCALPHA | SDL_RLEACCEL, static_cast<Uint8>(focusLevel));
     SDL_Rect pos = getPosition();
     SDL_BlitSurface(target, &pos, buf, nullptr);

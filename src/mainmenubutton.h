@@ -19,7 +19,8 @@ public:
     // The button's rectangle on the display.
     SDL_Rect getPosition() const;
 
-    // One step of the fade: towards the highlight while the menu's focus is here, else away.
+    // Fades by one step: towards the highlighted picture while this button is focused, else towards
+    // the normal one.
     void update();
 
     // Draws the button onto target, a picture of the whole menu.

@@ -15,7 +15,7 @@ bool load();
 void unload();
 
 // Plays track n (1 to 3) forever; any other n silences the music. Asking for the current track
-// changes nothing, so the music runs on unbroken from screen to screen.
+// changes nothing, so the music continues unbroken from screen to screen.
 void play(int n);
 
 // The track last started, 1 to 3, or 0 for none or without sound.

@@ -36,7 +36,7 @@ const int phasesPerQuarter = 9;
 const Uint16 hitBoxWidth[phasesPerQuarter] = {100, 95, 95, 90, 85, 75, 65, 60, 50};
 const Uint16 hitBoxHeight[phasesPerQuarter] = {40, 50, 60, 65, 75, 85, 90, 95, 95};
 
-// Starting places stand on a square grid.
+// Starting places form a square grid.
 const int gridPlaces = 7;
 const int gridStep = 100; // pixels, also the first place
 
@@ -44,7 +44,7 @@ const int gridStep = 100; // pixels, also the first place
 const int startHeadings = 20;
 const double startHeadingsPerRadian = 5.0;
 
-const double shotInheritance = 0.5; // share of the ship's speed that a shot takes along
+const double shotInheritance = 0.5; // share of the ship's speed that is added to a shot's
 
 const int sheetColumns = 6;
 const int barWidth = 396;
@@ -63,8 +63,8 @@ struct PlayerKeys {
     int teleport;
 };
 
-// What tells the players apart. There is no key to brake and none to sail back: a ship coasts to
-// rest.
+// What differs between the players. There is no key to brake or to sail backwards: a ship coasts
+// to rest.
 struct PlayerTraits {
     PlayerKeys keys;
     int topSpeed; // pixels per frame
@@ -93,7 +93,7 @@ const PlayerTraits& traitsOf(int playerId) {
     return traitsOfPlayer[playerId == 1 ? 0 : 1];
 }
 
-// Every frame drops the fraction of a pixel, towards zero.
+// Drops the fraction of a pixel in every frame, towards zero.
 Sint16 wholePixels(double distance) {
     return static_cast<Sint16>(distance);
 }
@@ -105,7 +105,7 @@ SDL_Rect centredOn(SDL_Rect ship, Uint16 w, Uint16 h) {
 }
 
 void drawBar(const PlayerShip& ship, const PlayerTraits& traits) {
-    // The panel carries the full bar; black hides the lost part at its right end.
+    // The panel's picture contains the full bar; black hides the lost part at its right end.
     const int left = static_cast<int>(static_cast<double>(ship.hp) * barWidth / ship.maxhp);
     const int lost = barWidth - left;
     SDL_Rect black = {static_cast<Sint16>(traits.barEnd - lost), barY, static_cast<Uint16>(lost),
@@ -114,8 +114,9 @@ void drawBar(const PlayerShip& ship, const PlayerTraits& traits) {
 }
 
 void drawDial(const PlayerShip& ship, const PlayerTraits& traits) {
-    // Deliberate: truncation shows the dial full up to two frames before the cannon can fire after
-    // a shot, and up to seven frames after a teleport. Fingers take longer to follow the eye.
+    // Deliberate: because of the truncation, the dial looks full up to two frames before the cannon
+    // can fire after a shot, and up to seven frames before it can after a teleport. A player's
+    // reaction takes longer than that.
     const double reloading = ship.reloading;
     const int k = dialSteps - static_cast<int>(reloading * dialSteps / ship.maxReloading);
     SDL_Rect frame = {static_cast<Sint16>(dialSize * (k / dialRows)),
@@ -134,7 +135,7 @@ PlayerShip::PlayerShip(GameHandler* battle, int player)
     velocity = 0;
     teleportRecharge = 0;
     teleportCounter = teleportsPerBattle;
-    // Deliberate: never between 3.8 and 2 pi. No ship starts towards the near border on the left.
+    // Deliberate: never between 3.8 and 2 pi, so no ship starts towards the nearby left border.
     direction = (rand() % startHeadings) / startHeadingsPerRadian;
     shipSpeed = traitsOf(playerId).topSpeed;
     relocate();
@@ -179,7 +180,8 @@ void PlayerShip::keyboard() {
     if (Keyboard::isPressed(keys.fire) || Keyboard::isPressed(keys.otherFire)) {
         shoot();
     }
-    // After firing, so that the longer reload of a jump in the same frame stays in force.
+    // Teleporting comes after firing, so that its longer reload replaces that of a shot in the same
+    // frame.
     if (Keyboard::isPressed(keys.teleport)) {
         teleport();
     }
@@ -198,8 +200,8 @@ void PlayerShip::move() {
     if (rect.y + oldrect.h >= world->h) {
         rect.y = static_cast<Sint16>(world->h - oldrect.h);
     }
-    // Deliberate: before the slide. The viewport follows the place that the ship tried to reach, so
-    // a player feels the ship strain against the shore.
+    // Deliberate: the viewport moves before the ship slides. It follows the place that the ship
+    // tried to reach, so a player feels the ship strain against the shore.
     if (velocity != 0) {
         handler->moveViewport(playerId);
     }
@@ -251,7 +253,7 @@ void PlayerShip::shoot() {
     const SDL_Rect bulletPos = centredOn(rect, bullet->size.w, bullet->size.h);
     const SDL_Rect bulletVelocity = {wholePixels(s * std::sin(direction)),
                                      wholePixels(s * std::cos(direction)), 0, 0};
-    // Deliberate: a ship lying inside its enemy loses the shot, so that ramming is no way to win.
+    // Deliberate: a shot that starts inside the enemy is lost, so that ramming is no way to win.
     if (rectanglesCollide(bulletPos, opponent->rect)) {
         return;
     }

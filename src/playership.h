@@ -17,8 +17,8 @@ public:
     PlayerShip(GameHandler* battle, int player);
     ~PlayerShip() override;
 
-    // One frame: keys, movement, timers, then the ship onto the world and its panel with bar and
-    // dial straight onto the display.
+    // Plays one frame: applies the keys, moves the ship, advances the timers, draws the ship onto
+    // where, and draws its panel with bar and dial directly onto the display.
     void update(SDL_Surface* where) override;
 
     // Reads this player's keys and applies them: turn, speed, fire, teleport.
@@ -37,13 +37,13 @@ public:
     // Takes one hit; the tenth asks for the game-over screen.
     void wasHit();
 
-    // Fires the player's cannonball when the cannon is loaded. One still in flight is withdrawn.
+    // Fires the player's cannonball when the cannon is loaded. A ball still in flight disappears.
     void shoot();
 
     // Jumps to a random place when a teleport is ready, keeping speed and heading.
     void teleport();
 
-    // Makes the cannon busy for n frames. max is the full scale of the dial; -1 stands for n.
+    // Blocks the cannon for n frames. max is the full scale of the dial; with -1, n is.
     void setReloading(int n, int max);
 
     // Picks places at random from the grid 100, 200 ... 700 in each axis until one is clear of the
@@ -57,7 +57,7 @@ public:
     int hp;
     int shipSpeed;        // pixels per frame
     int reloading;        // frames until the cannon may fire
-    int maxReloading;     // what reloading was last set to
+    int maxReloading;     // frames; the full scale of the dial
     int teleportRecharge; // frames until the next teleport
     int teleportCounter;  // teleports left
     SDL_Rect rect;        // place in the world, always 100 x 100
