@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The game's pictures, and the still screens composed from them as the display should show them."""
+"""The game's pictures, and its still screens composed from them as the display should show them."""
 
 from functools import cached_property
 from pathlib import Path
@@ -15,12 +15,12 @@ BUTTON_TYPES = (2, 8, 9, 11)
 BUTTON_WIDTH, BUTTON_HEIGHT = 200, 43
 HIGHLIGHT_OFFSET = 559
 FONT_SIZE = 29
-# The two SDL 1.2 libraries blend up to this much apart in each channel.
+# The results of blending differ by up to this much between the two SDL 1.2 libraries.
 BLEND_TOLERANCE = 3
 
 
 def pack(pixels):
-    """Packs ... x 3 (or 4) bytes into 0xRRGGBB."""
+    """Packs an array with 3 or 4 bytes for each pixel into 0xRRGGBB."""
     wide = pixels.astype(numpy.uint32)
     return wide[..., 0] << 16 | wide[..., 1] << 8 | wide[..., 2]
 
@@ -54,7 +54,7 @@ def likeness(picture, expected, tolerance=BLEND_TOLERANCE):
 
 
 class Artwork:
-    """Everything is loaded on first use from the data directory below root."""
+    """The pictures of the data directory below root, each loaded on first use."""
 
     def __init__(self, root):
         self.directory = Path(root) / "data"
@@ -135,7 +135,7 @@ class Artwork:
                                   layout_engine=ImageFont.Layout.BASIC)
 
     def text(self, line):
-        """One line of white text, cut to its ink; 0 to 255."""
+        """The brightness of one line of white text, 0 to 255, cropped to the letters."""
         image = Image.new("L", (WIDTH, 3 * FONT_SIZE))
         ImageDraw.Draw(image).text((4, FONT_SIZE), line, fill=255, font=self._font)
         return cut_to_ink(numpy.array(image))

@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Remembering: what the pictures so far tell of the sea, both ships and the cannonballs.
+"""Remembers what the pictures have shown of the sea, both ships and the cannonballs.
 
-Places are top left corners in world pixels. Headings are radians, 0 down and growing to the left
-on the display. Speeds are pixels per frame. Times are seconds; a frame of the game takes 16 ms at
-its full pace, and the chart measures what it takes at present.
+Places are top left corners in world pixels. Headings are radians; 0 points down the display, and a
+turn to the left increases the heading. Speeds are pixels per frame. Times are seconds. A frame of
+the game takes 16 ms at full pace; the chart measures how long it takes at present.
 """
 
 import math
@@ -17,22 +17,22 @@ from .see import (BAR_WIDTH, CENTRE, FULL_DIAL, LAST, LAST_LOOK, SHIP, VIEW_HEIG
                   VIEW_WIDTH, aim_viewport)
 
 FRAME = 0.016  # seconds
-SLOWEST_FRAME = 0.06  # on a machine that is very busy
+SLOWEST_FRAME = 0.06  # seconds, on a very busy machine
 TOP_SPEEDS = (6, 5)
 TURN = 0.05  # radians per frame
 FULL_TURN = 6.282
 HEADING_OF_PHASE_0 = 4.911
 STEP = FULL_TURN / PHASES
 BARRIERS_OF_TYPE = (1, 3, 9)
-PACE_STEPS = 8  # of the dial over which the pace is measured
+PACE_STEPS = 8  # steps of the dial over which the pace is measured
 HITS = 10  # to sink a ship
 RELOAD, TELEPORT_RELOAD = 120, 300  # frames
-RECENT = 0.12  # seconds, at least, over which speeds are measured
-UNDER_WAY = 1.0  # pixels per frame
-GRAIN = 4  # pixels of the world to a cell of the grid of blocked places
-SURE = 3  # times that a barrier was seen
-LOST_AFTER = 1.0  # seconds in which a ship is not seen where it should be
-STRAIN = 12  # pixels that a ship against a shore may be off the middle of its viewport
+RECENT = 0.12  # speeds are measured over at least so many seconds
+UNDER_WAY = 1.0  # pixels per frame from which a ship counts as under way
+GRAIN = 4  # width and height, in pixels, of a cell in the grid of blocked places
+SURE = 3  # a barrier seen so many times is certain
+LOST_AFTER = 1.0  # a ship is lost if it is not seen where it should be for so many seconds
+STRAIN = 12  # pixels by which a ship against a shore may be off the middle of its viewport
 
 
 def phase_of(heading):
@@ -59,22 +59,22 @@ def overlap(a, b):
 
 
 class Track:
-    """What is known of one ship."""
+    """What is known about one ship."""
 
     def __init__(self, player):
         self.player = player
-        self.look = None  # where its viewport looks
-        self.in_view = None  # where it was seen in its viewport, None while it is hidden
+        self.look = None  # the top left corner of its viewport in the world
+        self.in_view = None  # the place in its viewport where it was seen, None while it is hidden
         self.place = None
         self.phase = None
-        self.seen = 0.0  # when its phase was
+        self.seen = 0.0  # when the ship was last seen
         self.frame = FRAME  # seconds that a frame of the game takes at present
-        self.hits = 0  # taken
-        self.bar = None  # width, None when it was not readable
+        self.hits = 0  # hits taken
+        self.bar = None  # width of the hit-point bar, None if it could not be read
         self.dial = FULL_DIAL
-        self.emptied = None  # (time, dial) from which the pace is measured
-        self.reload = RELOAD  # frames that the dial stands for
-        self.jumped = -math.inf  # when it teleported
+        self.emptied = None  # (time, dial) at which the measurement of the pace began
+        self.reload = RELOAD  # frames that the whole dial stands for
+        self.jumped = -math.inf  # when it last teleported
         self.hit = -math.inf  # when it was last hit
         self.fired_at = 0.0  # the speed at which it fired its last shot
         self.trail = deque(maxlen=60)  # (time, place, phase)
@@ -116,14 +116,14 @@ class Track:
 
 
 class Chart:
-    """The memory of a duel. Feed it every picture that was read."""
+    """The memory of a duel. update() expects every picture that was read."""
 
     def __init__(self, lookout):
         self.lookout = lookout
         self.ships = (Track(0), Track(1))
         self.barriers = {}  # (type, x, y) in the world: how often it was seen
-        self.blocked = self._find_blocked()  # by column and row: where no ship can be
-        self.balls = []  # places, as seen last
+        self.blocked = self._find_blocked()  # by column and row: True where no ship can be
+        self.balls = []  # places of the cannonballs in the last picture
         self.time = -math.inf
         self.frame = FRAME  # seconds that a frame of the game takes at present
         self.doubts = 0
@@ -162,7 +162,7 @@ class Chart:
             if jumped:
                 ship.jumped, ship.reload, ship.emptied = self.time, TELEPORT_RELOAD, None
         if jumped:
-            # Each place to which a ship can be put shows other water.
+            # At each place where a ship can start, its viewport shows different water.
             look = max(looks, key=lambda look: values[look] - from_start(look) / 20)
             ship.trail.clear()
         ship.look = look
@@ -170,9 +170,9 @@ class Chart:
         self._note_barriers(look, half.barriers)
 
     def _follow(self, ship, seen, values, elapsed):
-        """Where a viewport looks that looked nearby before, or None when its ship has jumped."""
+        """The viewport's new place near its old one, or None when the ship has teleported."""
         if self.time - ship.seen > LOST_AFTER:
-            # A wrong place does not show the ship where it should be.
+            # The last place was wrong: pick the one at which the ship is where it should be.
             return max(values, key=lambda look: values[look] + 3 * any(
                 may_be_of(look, other) for other in seen) - math.dist(look, ship.look) / 10000)
         reach = 20 + min(1.2 * TOP_SPEEDS[ship.player] * elapsed / FRAME, 140)
@@ -182,7 +182,7 @@ class Chart:
         return look if math.dist(look, ship.look) <= reach else None
 
     def _find(self, ship, seen, jumped):
-        """The ship stands in the middle of its viewport, except along the world's border."""
+        """Finds the ship in its viewport: in the middle, except along the world's border."""
         expected, slack = [], []
         for axis in (0, 1):
             is_free = 0 < ship.look[axis] < LAST_LOOK[axis]
@@ -206,7 +206,7 @@ class Chart:
         ship.trail.append((self.time, ship.place, ship.phase))
 
     def _agreement(self, look, barriers):
-        """How many barriers are seen where they are known to be, less those that cannot be."""
+        """The barriers that agree with the known ones at this place, less those that do not."""
         total = 0
         seen = self._in_world(look, barriers)
         for barrier in seen:
@@ -218,7 +218,7 @@ class Chart:
                            for known, times in self.barriers.items() if times >= SURE)
 
     def _is_in_view(self, look, barrier):
-        """True when the whole barrier lies in a viewport that looks there."""
+        """True when a viewport at look contains the whole barrier."""
         kind, x, y = barrier
         w, h = self.lookout.barrier_sizes[kind]
         return (look[0] <= x and x + w <= look[0] + VIEW_WIDTH
@@ -273,7 +273,7 @@ class Chart:
         ship.frame = self.frame
 
     def _measure_pace(self, ship):
-        """The dial counts frames."""
+        """Measures how long a frame takes: the dial advances with the frames of the game."""
         if ship.dial == FULL_DIAL or ship.emptied is None:
             return
         time, dial = ship.emptied
@@ -284,7 +284,7 @@ class Chart:
 
 
 def may_be_of(look, seen):
-    """True when a ship seen there can be the one that the viewport follows."""
+    """True when a ship seen at this place can be the one that the viewport follows."""
     return all(abs(seen[axis] - CENTRE[axis]) <= STRAIN or not 0 < look[axis] < LAST_LOOK[axis]
                for axis in (0, 1))
 
@@ -293,5 +293,5 @@ START_LOOKS = [aim_viewport(x, y) for x in range(100, 701, 100) for y in range(1
 
 
 def from_start(look):
-    """How far a viewport is from that of a ship which was just placed."""
+    """The distance of a viewport from the nearest place that it can have at a start or teleport."""
     return min(math.dist(look, start) for start in START_LOOKS)

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""A duel of two pilots, from picture to picture, and its statistics."""
+"""Runs a duel of two pilots from picture to picture, and keeps statistics."""
 
 import time
 
@@ -11,16 +11,16 @@ from .press import Fingers, Hands
 from .stage import LOOK_INTERVAL, StageError
 from .think import EVEN, Pilot
 
-# So many pictures without a battle in a row tell that it is over; one may show half a frame.
+# After so many pictures in a row without a battle, it is over. One may show half a frame.
 BATTLE_IS_OVER = 5
-# Seconds after which a picture that has not changed is taken for a new one: ships may lie still.
+# Seconds after which an unchanged picture counts as a new one, because ships may be at rest.
 REPEAT = 0.1
-LOOKS_APART = 0.035  # seconds, at least: more pictures would cost time and gain little
-DELAY = 0.02  # seconds that a key takes to the game and the result to the display
+LOOKS_APART = 0.035  # seconds at least between two looks; more would cost time and gain little
+DELAY = 0.02  # seconds until a key has reached the game and its result the display
 
 
 class Match:
-    """Looks, lets both pilots decide and press their keys. A pilot may be None."""
+    """Looks at the display, lets the pilots decide, and presses their keys. A pilot may be None."""
 
     def __init__(self, stage, lookout, styles=EVEN):
         self.stage = stage
@@ -39,7 +39,7 @@ class Match:
         return self.without_battle >= BATTLE_IS_OVER
 
     def step(self):
-        """Looks once; true when there was a new picture of the battle."""
+        """Looks once; returns True when there was a new picture of the battle."""
         time.sleep(max(0.0, min(LOOKS_APART, self.chart.time + LOOKS_APART - time.monotonic())))
         picture = self.stage.picture()
         if self.stage.game.poll() is not None:
@@ -75,7 +75,7 @@ class Match:
 
 
 class Statistics:
-    """What a duel was like. Only what was seen counts."""
+    """Statistics of a duel, from what was seen."""
 
     def __init__(self):
         self.began = self.now = None
@@ -99,7 +99,7 @@ class Statistics:
         self.pictures += 1
 
     def summary(self, winner=None):
-        """The results as a dictionary. The last hit is seen only by what follows it."""
+        """The results as a dictionary. The last hit is never seen, so the winner implies it."""
         seconds = max(0.001, (self.now or 0) - (self.began or 0))
         return {"winner": winner, "seconds": round(seconds, 1),
                 "hits": [HITS if winner == player + 1 else hits

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""One pilot plays against a person, in a window on the desktop. Started by tools/partner."""
+"""Lets one pilot play against a person, in a window on the desktop. Started by tools/partner."""
 
 import math
 import sys
@@ -20,7 +20,7 @@ BETWEEN_BATTLES = 0.05  # seconds between two looks
 
 
 def accompany(window, lookout, player, strength):
-    """Plays its side of every battle that the person begins, until the game ends."""
+    """Plays one side in every battle that the person begins, until the game ends."""
     while window.game.poll() is None:
         if not lookout.is_battle(window.picture()):
             time.sleep(BETWEEN_BATTLES)
@@ -33,9 +33,9 @@ def accompany(window, lookout, player, strength):
 def play(side, strength):
     player = 1 - list(SIDES).index(side)
     lookout = Lookout(Artwork(PROJECT))
-    print(f"You sail the {side} ship ({SIDES[side]}) against a {strength} partner: choose the top "
+    print(f"You sail the {side} ship ({SIDES[side]}) against a {strength} opponent. Choose the top "
           "button of the menu to begin.", flush=True)
-    title = f"Morvane: you sail the {side} ship against a {strength} partner"
+    title = f"Morvane: you sail the {side} ship against a {strength} opponent"
     with Window(PROJECT / "build/play/morvane", PROJECT, title) as window:
         try:
             accompany(window, lookout, player, strength)
@@ -53,7 +53,7 @@ def main():
     try:
         return play(*sys.argv[1:])
     except StageError as problem:
-        print(f"The partner cannot play: {problem}.", file=sys.stderr)
+        print(f"The opponent cannot play: {problem}.", file=sys.stderr)
         return 1
 
 

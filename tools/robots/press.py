@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Pressing: the keys of one player, held as the pilot wishes."""
+"""Holds the keys of one player as the pilot wishes."""
 
 import threading
 import time
@@ -10,14 +10,14 @@ KEYS = (
     {"left": "Left", "right": "Right", "forward": "Up", "fire": "Return", "fire2": "Return",
      "teleport": "Delete"},
 )
-# The game takes a press in the same frame as the release of the key for nothing.
+# Seconds from a release to the next press: the game ignores a press in the frame of the release.
 APART = 0.04
-# A fire key stays down until the frame that sees it has surely passed.
+# Seconds for which a fire key stays down, so that at least one frame of the game sees it.
 SHORTEST = 0.05
 
 
 class Hands:
-    """Keeps the keys that are really down equal to those wished for."""
+    """Keeps the keys that are down equal to those that the pilot wishes to hold."""
 
     def __init__(self, stage, player):
         self.stage = stage
@@ -29,14 +29,14 @@ class Hands:
         self.lock = threading.Lock()
 
     def wish(self, wish):
-        """Takes the pilot's wish. It is carried out by this and later calls of move."""
+        """Accepts the pilot's wish. move() carries it out, here and whenever it is called."""
         with self.lock:
             self.wanted = wish.keys
             self.turn_until = time.monotonic() + wish.turn
         self.move()
 
     def move(self):
-        """Presses and releases what is due; to be called often."""
+        """Presses and releases the keys that are due. Call it often."""
         with self.lock:
             self._move()
 
@@ -67,7 +67,10 @@ class Hands:
 
 
 class Fingers:
-    """Moves hands all the time, so that a turn ends in time however long the eyes take."""
+    """Calls move() of the hands all the time, so that turns end on time however long a look takes.
+
+    A context manager: the keys are released at its end.
+    """
 
     PAUSE = 0.008  # seconds
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The way through the screens around the battle: knowing them by their pixels, and their keys."""
+"""Finds the way through the screens around the battle: recognises them and presses their keys."""
 
 import contextlib
 import time
@@ -11,15 +11,15 @@ from .stage import NeverSeen
 from .text import CREDITS_TITLE, HELP, game_over
 
 NEW_GAME, HELP_BUTTON, CREDITS_BUTTON, QUIT = range(4)
-# The whole display, but for a few blended pixels.
+# The least share of equal pixels at which two pictures count as the same; blending may differ.
 SAME = 0.9995
-MORE_THAN_A_POINTER = 2000  # pixels
-# At the lower edge between the two bars only the pointer's tip shows, and covers nothing of note.
+MORE_THAN_A_POINTER = 2000  # pixels that are not black, so that the game must have drawn them
+# A place of the invisible pointer at which it focuses no button: at the lower edge of the display.
 PARKED = (397, 598)
 
 
 class Guide:
-    """Leads a stage from screen to screen. Every step waits until its screen is seen."""
+    """Leads the game from screen to screen. Every step waits until its screen is seen."""
 
     def __init__(self, stage, artwork, writer, lookout):
         self.stage = stage
@@ -36,10 +36,10 @@ class Guide:
         return is_same(picture, self.text_picture(lines))
 
     def await_first_picture(self):
-        """Waits for the intro and takes the pointer away from all that is going to be compared."""
+        """Waits for the intro and moves the pointer to a place where it focuses no button."""
         self.stage.wait_for(lambda picture: (picture != 0).sum() > MORE_THAN_A_POINTER,
                             "the first picture", 40)
-        # Classic SDL 1.2 has moved it to the middle, onto the menu's buttons.
+        # Classic SDL 1.2 has moved the pointer to the middle, onto the menu's buttons.
         self.stage.point(*PARKED)
 
     def await_menu(self, focus=None):
@@ -56,7 +56,7 @@ class Guide:
         self.stage.wait_for(self.shows_credits, "the credits")
 
     def shows_credits(self, picture):
-        """The title line as it should be, and three lines of names below it on black."""
+        """True for the right title line with three lines of names below it on black."""
         title = self.text_picture((CREDITS_TITLE,))
         height = self.writer.write("X").shape[0]
         end = 300 - height // 2 - height
@@ -66,7 +66,7 @@ class Guide:
                 and difference(picture[500:], title[500:]) < 1)
 
     def await_game_over(self, winners=(1, 2)):
-        """Waits until the winner, one of these, is named, and returns it."""
+        """Waits until one of the winners is named, and returns that winner."""
         return self.stage.wait_for(lambda picture: next(
             (winner for winner in winners if self.shows_text(picture, game_over(winner))), None),
             f"one of {winners} named as the winner")
@@ -80,7 +80,7 @@ class Guide:
         self.await_menu()
 
     def focus(self, button):
-        """From a menu without a focus, one step down after the other."""
+        """Focuses a button, step by step, in a menu that has no focus yet."""
         for step in range(button + 1):
             self.stage.tap("Down")
             self.await_menu(step)
@@ -90,7 +90,7 @@ class Guide:
         self.stage.tap("Return")
 
     def seek(self, button, timeout=20):
-        """Focuses a button from wherever the focus is, also when a key gets lost."""
+        """Focuses a button, wherever the focus is and even if a key press gets lost."""
         deadline = time.monotonic() + timeout
         while self.focus_shown(self.stage.picture()) != button:
             if time.monotonic() > deadline:
@@ -110,7 +110,7 @@ class Guide:
         return "fading"
 
     def recognise(self, picture):
-        """The name of the screen at rest that a picture shows, or None."""
+        """The name of the screen that a picture shows, or None if the screen is not at rest."""
         if self.focus_shown(picture) != "fading":
             return "menu"
         if self.lookout.is_battle(picture):
@@ -134,7 +134,7 @@ class Guide:
 
 
 def is_same(picture, expected):
-    """True when all but a few pixels agree; most others are refused at a glance."""
+    """True when all but a few pixels agree. A coarse comparison first rejects most others fast."""
     few = slice(None, None, 8)
     return (likeness(picture[few, few], expected[few, few]) > 0.99
             and likeness(picture, expected) >= SAME)

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The battlefield that a seed of the random generator leads to. Pilots do not know it."""
+"""The battlefield that results from a seed of the random generator. Pilots do not know it."""
 
 import ctypes
 
@@ -11,7 +11,7 @@ BARRIER_TYPES = (0,) + (1,) * 3 + (2,) * 9
 
 
 class Random:
-    """The C library's own generator, with a state apart from that of this process."""
+    """The C library's own generator, with a state separate from that of this process."""
 
     def __init__(self, seed):
         self.library = ctypes.CDLL(None)
@@ -38,7 +38,7 @@ class Sea:
         self.seed = seed
         self.artwork = artwork
         self.random = Random(seed)
-        self.random.below(2)  # the choice of the music
+        self.random.below(2)  # picks the music
         self.barriers = []
         for kind in BARRIER_TYPES:
             self.barriers.append(self._place_barrier(artwork.barriers[kind].shape))

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Seeing: what a player can read off one picture of the battle. Nothing is remembered here."""
+"""Reads from one picture of the battle what a player can see in it. Remembers nothing."""
 
 from collections import Counter, namedtuple
 
@@ -20,19 +20,20 @@ BARS = ((0, 578), (404, 578))
 BAR_WIDTH, BAR_HEIGHT = 396, 22
 DIALS = ((308, 508), (712, 508))
 DIAL_SIZE = 69
-DIAL_GRAIN = 4  # every fourth pixel tells the dial's pictures apart
+DIAL_GRAIN = 4  # every fourth pixel is enough to distinguish the dial's pictures
 FULL_DIAL = DIAL_FRAMES - 1
 BALL = PHASES
 FIRST_BARRIER = PHASES + 1  # barriers are numbered by type from here on
 
-# One player's half of a picture. water: where the view looks, modulo the water tile, or None;
-# ships: (x, y, phase) in the view, top left corners; balls: (x, y); barriers: (type, x, y);
-# bar: width of the hit-point bar, None when it cannot be read; dial: 0 just fired to 40 loaded.
+# One player's half of a picture. water: the view's place in the world, modulo the water tile, or
+# None; ships: (x, y, phase), top left corners in the view; balls: (x, y); barriers: (type, x, y);
+# bar: width of the hit-point bar, None when it cannot be read; dial: from 0, just fired, to 40,
+# loaded.
 Half = namedtuple("Half", "water ships balls barriers bar dial")
 
 
 class Runs:
-    """Finds short runs of pixels by a table of their hash values."""
+    """Finds short runs of pixels with a table of their hash values."""
 
     LENGTH = 4
     FACTORS = (0x9E3779B1, 0x85EBCA77, 0xC2B2AE3D, 0x27D4EB2F)
@@ -55,7 +56,7 @@ class Runs:
 
 
 class Water:
-    """The tile that the sea repeats: each run that occurs once in it tells where a view looks."""
+    """The repeated water tile. Each run that occurs in it only once shows where a view is."""
 
     def __init__(self, tile):
         self.height, self.width = tile.shape
@@ -67,7 +68,7 @@ class Water:
         self.runs.table[values[once]] = first[once]
 
     def phase(self, view):
-        """Where the view looks, modulo the tile, or None when too little sea is seen."""
+        """The view's place in the world, modulo the tile, or None when it shows too little sea."""
         rows = view[7::41]
         found = self.runs.find(rows)
         lines, columns = numpy.nonzero(found >= 0)
@@ -84,9 +85,9 @@ class Water:
 
 
 class Sprites:
-    """The pictures with transparency: they are found by runs of their opaque pixels."""
+    """The pictures with transparency, which are found by runs of their opaque pixels."""
 
-    BLOCK = 16  # pixels; some runs are known of each block, since anything may cover the others
+    BLOCK = 16  # pixels; every block has its own runs, because other blocks may be covered
     RUNS_PER_BLOCK = 6
     ROWS = 4  # only every fourth row of a view is searched
 
@@ -124,7 +125,7 @@ class Sprites:
         self.samples.append((xs[some], ys[some], colours[ys[some], xs[some]]))
 
     def find(self, view):
-        """All (number, x, y) in the view, best seen first, at most one ship on one place."""
+        """All (number, x, y) in the view, the best match first, at most one ship at a place."""
         found = self.runs.find(view[::self.ROWS])
         rows, columns = numpy.nonzero(found >= 0)
         numbers, xs, ys = self.anchors[found[rows, columns]].T
@@ -141,7 +142,7 @@ class Sprites:
         return kept
 
     def share(self, view, number, x, y):
-        """The share of the picture's opaque pixels inside the view that are seen at x, y."""
+        """The share of the picture's opaque pixels inside the view that match it at x, y."""
         xs, ys, colours = self.samples[number]
         xs, ys = xs + x, ys + y
         inside = (xs >= 0) & (ys >= 0) & (xs < view.shape[1]) & (ys < view.shape[0])
@@ -179,7 +180,7 @@ class Lookout:
         return picture[y:y + VIEW_HEIGHT, x:x + VIEW_WIDTH]
 
     def is_battle(self, picture):
-        """True when both panels stand below the viewports."""
+        """True when both panels are below the viewports."""
         return all(likeness(picture[y:y + 70:5, x:x + 300:5], panel[:70:5, :300:5]) > 0.98
                    for (x, y), panel in zip(PANELS, self.artwork.panels))
 
@@ -199,7 +200,7 @@ class Lookout:
                     self.bar(picture, player), self.dial(picture, player))
 
     def bar(self, picture, player):
-        """The width of the hit-point bar, or None when it is not a bar with a black end."""
+        """The width of the hit-point bar, or None when it does not look like a bar."""
         x, y = BARS[player]
         seen = picture[y:y + BAR_HEIGHT:4, x:x + BAR_WIDTH]
         panel = self.artwork.panels[player]
@@ -212,19 +213,19 @@ class Lookout:
         return width if whole[:width].all() else None
 
     def dial(self, picture, player):
-        """The number of the dial's picture, 0 just fired to 40 loaded."""
+        """The number of the dial's picture, from 0, just fired, to 40, loaded."""
         x, y = DIALS[player]
         seen = unpack(picture[y:y + DIAL_SIZE:DIAL_GRAIN, x:x + DIAL_SIZE:DIAL_GRAIN])
         return int(numpy.abs(self.dials[player] - seen).mean((1, 2, 3)).argmin())
 
     def looks(self, phase):
-        """All places in the world that a viewport with this water phase can look at."""
+        """All places in the world that a viewport with this water phase can have."""
         return [(x, y)
                 for x in range(phase[0], LAST_LOOK[0] + 1, self.water.width)
                 for y in range(phase[1], LAST_LOOK[1] + 1, self.water.height)]
 
 
 def aim_viewport(x, y):
-    """Where in the world the viewport of a ship at x, y looks."""
+    """The top left corner, in the world, of the viewport of a ship at x, y."""
     return (min(max(x + SHIP // 2 - VIEW_WIDTH // 2, 0), LAST_LOOK[0]),
             min(max(y + SHIP // 2 - VIEW_HEIGHT // 2, 0), LAST_LOOK[1]))

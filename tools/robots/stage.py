@@ -17,11 +17,11 @@ import numpy
 from PIL import Image
 
 WIDTH, HEIGHT = 800, 600
-LOOK_INTERVAL = 0.004  # seconds; a quarter of a frame, so that no frame goes by unseen
+LOOK_INTERVAL = 0.004  # seconds; a quarter of a frame, so that no frame is missed
 
 
 class StageError(Exception):
-    """The game did what it should not."""
+    """The game did something that it should not do."""
 
 
 class NeverSeen(StageError):
@@ -57,7 +57,7 @@ class VirtualDisplay:
         return pixels.reshape(HEIGHT, stride)[:, :WIDTH]
 
     def picture(self):
-        """What the display shows, as 0xRRGGBB. Looks again when it changed while being copied."""
+        """The display's pixels as 0xRRGGBB. Copies again when they changed during the copy."""
         for _ in range(6):
             picture = self.pixels.copy()
             if numpy.array_equal(picture, self.pixels):
@@ -82,8 +82,8 @@ def stop_process(process, how):
 class Stage:
     """The game on its own virtual display. Use it as a context manager: it leaves nothing behind.
 
-    binary is the game's program, root the directory it is started in. With a seed the game's
-    clock, and so its random generator, is fixed by the preloaded library fixed_time.
+    binary is the game's program, root the directory in which it is started. With a seed, the
+    preloaded library fixed_time fixes the game's clock, and so its random generator.
     """
 
     def __init__(self, binary, root, seed=None, fixed_time=None):
@@ -95,7 +95,7 @@ class Stage:
         self.lock = threading.Lock()
         self.scratch = None
         self.display = self.hands = self.game = None
-        self.started = None  # when the game was, on the clock that seeds its random generator
+        self.started = None  # when the game was started; this time seeds its generator
 
     def __enter__(self):
         self.scratch = Path(tempfile.mkdtemp(prefix="morvane-stage-"))
@@ -119,8 +119,8 @@ class Stage:
     def _environment(self):
         environment = dict(os.environ, DISPLAY=self.display.name, SDL_AUDIODRIVER="dummy",
                            SDL_VIDEODRIVER="x11")
-        # The compatibility library would draw through OpenGL, which without a graphics card takes
-        # more than twice the processor time of a frame.
+        # The compatibility library would draw through OpenGL. Without a graphics card, a frame then
+        # takes more than twice the processor time.
         environment.update(SDL_RENDER_DRIVER="software", SDL_FRAMEBUFFER_ACCELERATION="0")
         environment.pop("WAYLAND_DISPLAY", None)
         return environment
@@ -166,8 +166,8 @@ class Stage:
             self._do(f"keyup --delay 0 {key}")
 
     def tap(self, key):
-        # Classic SDL 1.2 takes a press within 2 ms of a release for the keyboard's own repetition
-        # and drops both.
+        # Classic SDL 1.2 mistakes a press within 2 ms of a release for key repetition, and drops
+        # both.
         self._do(f"key --delay 0 {key} sleep 0.01")
 
     def point(self, x, y):
@@ -177,8 +177,8 @@ class Stage:
         self._do(f"click --delay 0 {button}")
 
     def close_window(self):
-        """Asks the game's window to close, as a window manager does for its close button."""
-        # Only the tests need this package; the demonstration does without.
+        """Asks the game's window to close, as the close button of a window manager does."""
+        # Imported here, because the tests need this package and the demonstration does not.
         from Xlib import display, protocol  # pylint: disable=import-outside-toplevel
         connection = display.Display(self.display.name)
         protocols = connection.intern_atom("WM_PROTOCOLS")
@@ -202,7 +202,7 @@ class Stage:
 
     def save(self, path, picture=None):
         image = to_image(self.picture() if picture is None else picture)
-        image.save(path, compress_level=1)  # quickly: pilots wait for it
+        image.save(path, compress_level=1)  # quickly, because the pilots wait for it
 
     def wait_for(self, condition, what, timeout=20, interval=LOOK_INTERVAL):
         """Looks until condition(picture) holds and returns the first true value."""
@@ -224,7 +224,7 @@ class Stage:
         return (self.scratch / "stderr").read_text(errors="replace")
 
     def finish(self, timeout=20):
-        """Waits for the game to end by itself; its exit status and all it wrote."""
+        """Waits for the game to end by itself; returns its exit status and its messages."""
         try:
             return self.game.wait(timeout), self.messages()
         except subprocess.TimeoutExpired:

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The strengths of the partner: pilots that think less often, aim worse and fire sooner."""
+"""The strengths of the opponent in tools/partner: how often it decides and how well it aims."""
 
 import math
 import random
@@ -8,19 +8,20 @@ from collections import namedtuple
 
 from .think import BRISK, Pilot, Wish
 
-# interval: seconds from one decision to the next; error: radians by which the heading is usually
-# misjudged; spread: radians by which a shot may be off and still be fired.
+# interval: seconds from one decision to the next; error: standard deviation, in radians, of the
+# pilot's error about its own heading; spread and patience: as in think.Style. A spread below 0 has
+# the effect of 0.
 Strength = namedtuple("Strength", "interval error spread patience")
 STRENGTHS = {
     "calm": Strength(interval=0.5, error=0.16, spread=-0.04, patience=60),
     "brisk": Strength(interval=0.25, error=0.06, spread=0.02, patience=55),
     "fierce": Strength(interval=0.0, error=0.0, spread=0.06, patience=55),
 }
-MISJUDGED_FOR = 1.0  # seconds
+MISJUDGED_FOR = 1.0  # seconds until the error changes
 
 
 class Partner(Pilot):
-    """A pilot of some strength."""
+    """A pilot with one of these strengths."""
 
     def __init__(self, player, strength, choice=random):
         super().__init__(player, BRISK._replace(spread=max(0, strength.spread),

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The text screens as they should look, written with the same SDL_ttf library as the game uses."""
+"""Composes the text screens as they should look, with the SDL_ttf library that the game uses."""
 
 import ctypes
 
@@ -14,7 +14,7 @@ HELP = ((-4, "Morvane:"),
         (0, "Player 2 (right): faster projectile, slower ship"),
         (1, "Arrows = move, Enter = shoot, Delete = teleport"),
         (3, "Enjoy!"))
-# The three makers' names stand in the empty lines and are theirs to change.
+# The names of the three makers follow in lines 0 to 2. They may change, so they are not compared.
 CREDITS_TITLE = (-2, "This program was made by:")
 
 
@@ -50,13 +50,13 @@ class Writer:
             raise RuntimeError(f"no font {path}")
 
     def write(self, text):
-        """The line's coverage, 0 to 255, of the size that the game centres."""
+        """The coverage of the line's pixels, 0 to 255, in the size that the game centres."""
         white = Colour(255, 255, 255, 0)
         surface = self.library.TTF_RenderText_Blended(self.font, text.encode("latin-1"), white)
         rendered = surface.contents
         raw = ctypes.string_at(rendered.pixels, rendered.pitch * rendered.h)
         pixels = numpy.frombuffer(raw, numpy.uint32).reshape(rendered.h, -1)[:, :rendered.w]
-        return pixels >> 24  # white everywhere; the alpha channel carries the letters
+        return pixels >> 24  # every pixel is white; the letters are in the alpha channel
 
     def screen(self, lines):
         """A whole text screen as 0xRRGGBB."""

@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Deciding: which keys a pilot holds now, from what the chart remembers. No decision can fail.
+"""Decides which keys a pilot holds now, from what the chart remembers. No decision can fail.
 
-Every decision weighs some dozens of headings. Of each it is known how far the ship gets on it
-within the next moments, by the game's own rules of sailing, and where it is then.
+Every decision weighs about two dozen headings. For each heading, the game's own rules of sailing
+give the ship's places over the next 80 frames.
 """
 
 import math
@@ -17,29 +17,33 @@ from .see import FULL_DIAL, LAST, SHIP
 BALL_SPEEDS = (6, 7)
 BALL = 20  # pixels
 HEADINGS = 24
-STRIDE = 4  # frames that are sailed in one step of thought
+STRIDE = 4  # frames in one step of the calculated course
 STEPS = 20
-# The game's hit boxes; the third quarter is like the first, the others are turned.
+# The game's hit boxes in the first quarter turn. The third quarter is the same; in the second and
+# the fourth, width and height are swapped.
 HIT_WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 HIT_HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
-LOST_HITS = 3  # behind by so many, a pilot thinks of escape
-NEARLY_SUNK = 6  # hits taken, at which it does so in any case
-STUCK_AFTER = 0.7  # seconds
-FREEING = 0.8
-BOXED_IN_AFTER = 3.0
-UNDER_FIRE = 1.0
-SHOT_VALUE = 2.0
+LOST_HITS = 3  # a pilot that is behind by so many hits teleports when it is hit
+NEARLY_SUNK = 6  # from so many hits taken, it does so even if it is not behind
+STUCK_AFTER = 0.7  # seconds without movement
+FREEING = 0.8  # seconds for which a stuck ship tries to get free
+BOXED_IN_AFTER = 3.0  # seconds within a small area, after which a ship teleports
+UNDER_FIRE = 1.0  # seconds after a hit
+SHOT_VALUE = 2.0  # added to the value of a heading on which a shot will hit
 IMPATIENT_AFTER = 5.0  # seconds with a loaded cannon
-# The worth of a place astern. Only the faster ship can keep one; it has the slower cannonball.
+# The value of a place astern of the enemy, by player. Only the faster ship can keep such a place;
+# it has the slower cannonball.
 STERN = (1.6, 0.5)
 SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 
-# ready: frames before the cannon is loaded in which a pilot begins to aim; spread: radians by
-# which a shot may be off and still be fired; patience: frames that a shot may fly; distance: pixels
-# to fight at.
+# ready: how many frames before the cannon is loaded a pilot begins to aim; spread: a pilot fires
+# only if the shot would hit even with the heading off by so many radians either way, so a larger
+# spread is stricter; patience: the longest flight of a shot in frames; distance: the fighting
+# distance in pixels.
 Style = namedtuple("Style", "ready spread patience distance")
 BRISK = Style(ready=45, spread=0.06, patience=55, distance=210)
-# The slower ship of player 2 turns in less room and has the faster ball: it aims later and longer.
+# The slower ship of player 2 turns in less room and has the faster ball. To keep duels even, its
+# pilot aims only once the cannon is loaded, and fires only surer shots.
 EVEN = (BRISK, BRISK._replace(ready=0, spread=0.15))
 
 # keys: the actions to hold; turn: seconds after which left or right is to be released.
@@ -48,16 +52,16 @@ REST = Wish(frozenset(), 0.0)
 
 
 def hit_box(phase):
-    """Width and height."""
+    """Width and height of the hit box."""
     i = phase % 9
     box = HIT_WIDTHS[i], HIT_HEIGHTS[i]
     return box[::-1] if phase // 9 % 2 == 1 else box
 
 
 def sail(place, heading, speed, top, aims, blocked):
-    """Places over time (steps x aims x 2) of a ship that turns towards each aim at full sail.
+    """The places (steps x aims x 2) of a ship that turns towards each aim under full sail.
 
-    blocked is the chart's grid of the places where a ship cannot be.
+    blocked is the chart's grid of places where a ship cannot be.
     """
     turns = aims_turn(heading, aims)
     frames = STRIDE * numpy.arange(1, STEPS + 1)[:, None]
@@ -72,7 +76,7 @@ def sail(place, heading, speed, top, aims, blocked):
         to_y = numpy.minimum(numpy.maximum(y + ways_y[step], 0), LAST)
         stopped = blocked[to_x // GRAIN, to_y // GRAIN]
         if stopped.any():
-            # A ship against a shore slides along it, down or up rather than across.
+            # A ship against a shore slides along it, vertically if it can, else horizontally.
             down = stopped & ~blocked[x // GRAIN, to_y // GRAIN]
             across = stopped & ~down & ~blocked[to_x // GRAIN, y // GRAIN]
             to_x = numpy.where(stopped & ~across, x, to_x)
@@ -103,7 +107,7 @@ def flight(ship, place, speed, headings, enemy, patience, delay=0):
 
 
 def extrapolate(ship, frames):
-    """Where a ship is after so many frames when it goes on turning for a moment, then straight."""
+    """A ship's place after so many frames if it turns for up to 12 of them, then sails straight."""
     frames = numpy.asarray(frames, float)
     course = math.atan2(*ship.velocity)
     turned = course + ship.turning * numpy.minimum(frames, 12) / 2
@@ -113,21 +117,21 @@ def extrapolate(ship, frames):
 
 
 class Pilot:
-    """Decides for one ship. It remembers its last decision, and since when its ship hangs."""
+    """Decides for one ship. Remembers its last decision, and since when its ship has been stuck."""
 
     def __init__(self, player, style=BRISK):
         self.player = player
         self.style = style
         self.wish = REST
-        self.seen = None  # the heading in the picture, estimated more finely than it is shown
-        self.heading = self.turned_from = 0.0  # that when new keys take effect
-        self.lag = 0.0  # frames until then
+        self.seen = None  # the heading in the picture, estimated more finely than the sprites show
+        self.heading = self.turned_from = 0.0  # the heading when new keys take effect
+        self.lag = 0.0  # frames until new keys take effect
         self.frame = FRAME
         self.aim = None
         self.time = None
-        self.moved = self.left = None  # (time, place): when the ship was last seen to get on
+        self.moved = self.left = None  # (time, place) of the last movement by 6 and by 60 pixels
         self.free_until = -math.inf
-        self.loaded = None  # when the cannon was
+        self.loaded = None  # the last time at which the cannon was not loaded
         self.is_impatient = False
 
     def decide(self, chart, lag=0.04):
@@ -159,12 +163,12 @@ class Pilot:
         return self.wish
 
     def _estimate_heading(self, time, me, lag):
-        """The heading that will be when new keys take effect, from that of the picture."""
+        """Estimates the heading when new keys take effect from the heading in the picture."""
         seen = heading_of(me.phase)
         if self.seen is None:
             self.seen, self.time = seen, time
         way = ("left" in self.wish.keys) - ("right" in self.wish.keys)
-        # The last wish took effect a lag after its picture, and this one will.
+        # Every wish takes effect one lag after its picture.
         turned = max(0.0, min(time - self.time - lag, self.wish.turn))
         off = turn_between(seen, self.turned_from + way * TURN * turned / self.frame)
         if me.in_view is None:
@@ -186,7 +190,8 @@ class Pilot:
             self.free_until = time + FREEING * self.frame / FRAME
 
     def _notice_waiting(self, time, me):
-        """Two ships that keep astern of each other, or an island apart, could wait for ever."""
+        """A long wait makes the pilot impatient: two ships that both try to stay astern of the
+        other, or on different sides of an island, could otherwise wait for ever."""
         if self.loaded is None or me.dial < FULL_DIAL:
             self.loaded = time
         self.is_impatient = time - self.loaded > IMPATIENT_AFTER * self.frame / FRAME
@@ -197,14 +202,14 @@ class Pilot:
 
     @staticmethod
     def _way(course, me):
-        """How far the ship gets on each course, 1 for all the way at full speed."""
+        """The distance that the ship covers on each course, as a share of that at full speed."""
         start = numpy.full((1, *course.shape[1:]), me.place, float)
         steps = numpy.diff(numpy.concatenate([start, course]), axis=0)
         return numpy.hypot(steps[..., 0], steps[..., 1]).sum(0) / (
             TOP_SPEEDS[me.player] * STRIDE * STEPS)
 
     def _weigh(self, me, enemy, aims, course, way):
-        """The worth of each aim: room to sail, the distance to the enemy, a calm helm."""
+        """The value of each aim: room to sail, the distance to the enemy, little turning."""
         values = 4 * numpy.minimum(way, 0.85)
         for step in (STEPS // 2, STEPS - 1):
             there = extrapolate(enemy, STRIDE * (step + 1))
@@ -212,7 +217,7 @@ class Pilot:
             values -= numpy.abs(apart - self.style.distance) / 200
         bearing = self._bearing(me, enemy)
         values += 0.3 * numpy.abs(numpy.sin(aims - bearing))
-        # Astern of the enemy is the place to be: its guns fire ahead.
+        # Astern of the enemy is the best place, because its guns fire ahead.
         there = extrapolate(enemy, STRIDE * STEPS) - course[-1]
         values += STERN[self.player] * numpy.cos(
             numpy.arctan2(there[:, 0], there[:, 1]) - enemy.heading)
@@ -222,7 +227,7 @@ class Pilot:
         return values
 
     def _find_shot(self, me, enemy):
-        """The heading on which a shot will hit, the one that is turned to soonest, or None."""
+        """The middle of the widest range of headings on which a shot will hit, or None."""
         if me.loaded_in > self.style.ready:
             return None
         bearing = self._bearing(me, enemy)
@@ -233,7 +238,6 @@ class Pilot:
         hits = numpy.isfinite(frames)
         if not hits.any():
             return None
-        # The middle of the widest run of headings that hit.
         edges = numpy.flatnonzero(numpy.diff(numpy.concatenate([[0], hits, [0]])))
         first, last = max(zip(edges[::2], edges[1::2]), key=lambda run: run[1] - run[0])
         return headings[(first + last - 1) // 2]

@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The game in a window on the desktop, steered by a person's keys and a pilot's at the same time.
+"""The game in a window on the desktop, with the keys of a person and a pilot at the same time.
 
-Xephyr is an X server inside a window. Its pictures are as exact as those of a virtual display, on
-any desktop.
+Xephyr is an X server inside a window. On any desktop, its pixels are as exact as those of a virtual
+display.
 """
 
 import os
@@ -22,10 +22,10 @@ from Xlib.ext import xtest
 from .stage import HEIGHT, WIDTH, Stage, StageError, stop_process
 
 ALL_PLANES = 0xFFFFFFFF
-# A desktop repeats a held key as a release and a press at once. A release counts only when no press
-# has followed it by then.
+# A desktop repeats a held key as a release with a press right after it. A release counts only if no
+# press has followed within this time.
 RELEASE_AFTER = 0.015  # seconds
-CLOSING = 5  # seconds in which the window goes when it has taken the game along
+CLOSING = 5  # seconds that the server of a closed window may take to end after the game
 
 
 class WindowDisplay:
@@ -47,7 +47,7 @@ class WindowDisplay:
         self._copy_layout()
 
     def _copy_layout(self):
-        """Gives the pilot's keyboard the layout of the person's."""
+        """Gives the pilot's keyboard the layout of the person's keyboard."""
         said = subprocess.run(["setxkbmap", "-query"], capture_output=True, text=True, check=False)
         options = [word for name, value in re.findall(r"^(\w+): +(\S+)$", said.stdout, re.M)
                    for word in ("-" + name, value)]
@@ -55,7 +55,7 @@ class WindowDisplay:
                        check=False)
 
     def picture(self):
-        # Not with the imaging library, which crashes when the server goes away meanwhile.
+        # Deliberate: not with the imaging library, which crashes if the server ends meanwhile.
         try:
             image = self.root.get_image(0, 0, WIDTH, HEIGHT, X.ZPixmap, ALL_PLANES)
         except ConnectionClosedError:
@@ -67,10 +67,11 @@ class WindowDisplay:
 
 
 class Person:
-    """Passes on the person's keys through the keyboard that the pilot uses, too.
+    """Passes the person's keys to the game through the keyboard that the pilot uses, too.
 
-    With two keyboards, the window's server would tell the game of a new keyboard with every change
-    of hands. And the desktop's repeats would make the game lose keys that are held.
+    With two keyboards, the window's server would announce a new keyboard to the game whenever the
+    other player pressed a key. Besides, the desktop's key repetition would make the game lose keys
+    that are held.
     """
 
     def __init__(self, name):
@@ -100,7 +101,7 @@ class Person:
                         self._hear(line.split())
                 self._release()
         except (ConnectionClosedError, DisplayConnectionError, OSError):
-            pass  # the window was closed; whoever looks at it says so
+            pass  # the window was closed; WindowDisplay.picture reports that
 
     def _hear(self, words):
         if len(words) < 3 or words[0] != b"key":
@@ -130,7 +131,7 @@ class Person:
 
 
 class Window(Stage):
-    """The game in a window of the desktop, with the desktop's sound."""
+    """The game in a window on the desktop, with sound."""
 
     def __init__(self, binary, root, title):
         super().__init__(binary, root)
@@ -156,7 +157,7 @@ class Window(Stage):
             pass  # the window was closed
 
     def is_closed(self):
-        """True when the window has gone, which ends the game, too."""
+        """True when the person has closed the window, which also ends the game."""
         try:
             self.display.process.wait(0 if self.game.poll() == 0 else CLOSING)
             return True

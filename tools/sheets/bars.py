@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Values measured on the pictures of data/, beside the bars that they must reach."""
+"""Values measured on the pictures of data/, and the limits that they must meet."""
 
 import io
 import time
@@ -18,7 +18,7 @@ LUMA = numpy.array((0.2126, 0.7152, 0.0722))
 WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 SOLID = 250  # alpha; the densest foam stays below
-CANVAS, BLANK = 150, 242  # luma from which a pixel is canvas, and from which it is blank paper
+CANVAS, BLANK = 150, 242  # a pixel above the first luma is canvas, above the second blown out
 PICTURES = sorted(path.stem for path in (Path(__file__).parents[2] / "data").glob("*.png"))
 
 
@@ -36,7 +36,7 @@ def solid(frame):
 
 
 def hull(frame):
-    """The ship without shadow and foam, both of which are cold; wood and canvas are warm."""
+    """The ship without shadow and foam. Their colours are cold, those of wood and canvas warm."""
     return (frame[..., 3] > 127) & (frame[..., 0].astype(int) > frame[..., 2])
 
 
@@ -55,9 +55,9 @@ def on_water(frame, colour):
 
 
 def rim_contrast(frame, water):
-    """The share of the outline at which the ship's outermost two pixels hold a tone that stands
-    out from the mean sea by 3:1: of her own colours, of what is seen with the water showing
-    through, and of her own colours in the very outermost pixel."""
+    """The share of the outline at which a pixel stands out from the mean sea by 3:1. Three values:
+    for the ship's own colours in the two outermost pixels, for the same pixels with the water
+    showing through, and for the ship's own colours in the outermost pixel alone."""
     sea = luminance(water).mean()
     body = ndimage.binary_fill_holes(hull(frame))
     outline = body & ~ndimage.binary_erosion(body)
@@ -83,8 +83,9 @@ def bounds(mask):
 
 
 def box_errors(frame, phase):
-    """The largest distance of the ship's left, right and lower bounds from the hit box's, and the
-    height by which her sails, which are not hit, rise above it: less than none if they do not."""
+    """The largest distance of the ship's left, right and lower bounds from those of the hit box,
+    and the height by which the sails, which cannot be hit, rise above the box (negative if they
+    end below its top)."""
     left, right, top, bottom = (one - other
                                 for one, other in zip(bounds(hull(frame)), hit_box(phase)))
     return max(abs(left), abs(right), abs(bottom)), -top
@@ -98,11 +99,11 @@ def blown_out(frame):
 
 
 def wandering(ships):
-    """How far the middle of her hull strays, in pixels, sideways and upwards, as she turns.
+    """How far the middle of the hull wanders as the ship turns, in pixels.
 
-    Two opposite headings show the same hull turned round, so that its middle lies half way
-    between the left bound of one and the right bound of the other. Up and down, where sails hide
-    the hull's upper bound, the lower bound is compared with the left one of a quarter turn later.
+    Two opposite headings show the same hull turned round, so that its middle is half way between
+    the left bound in one and the right bound in the other. In the vertical direction, sails hide
+    the hull's upper bound, so the lower bound is compared with the left bound a quarter turn later.
     """
     left, right, _, lower = numpy.array([bounds(hull(frame)) for frame in ships]).T
     half, quarter = PHASES // 2, PHASES // 4
@@ -113,15 +114,15 @@ def wandering(ships):
 
 
 def in_ships_axes(frame, phase):
-    """Luma and coverage of a frame, turned back to heading 0. The view is oblique, but the water
-    keeps its true plan, and so do the decks, which all lie at about the same height."""
+    """Luma and coverage of a frame, turned back to heading 0. The view is oblique, but the water is
+    drawn as seen from above, and so are the decks, which are all at about the same height."""
     return [ndimage.rotate(plane, 10 * phase, reshape=False, order=1)
             for plane in (luma(frame), solid(frame).astype(float))]
 
 
 def change_of_light(ships):
-    """How much, in luma, the ship's points brighten and darken while the light goes round her:
-    nothing in pictures that were merely turned."""
+    """How much, in luma, the points of the ship brighten and darken while the light goes round it;
+    0 if all frames are rotated copies of one picture."""
     planes = [in_ships_axes(frame, phase) for phase, frame in enumerate(ships)]
     common = numpy.min([cover for _, cover in planes], 0) > 0.98
     values = numpy.array([plane[common] for plane, _ in planes])
@@ -132,7 +133,7 @@ def change_of_light(ships):
 
 
 def shadow_direction(frame):
-    """Where the dark water beside her lies, in degrees clockwise from right."""
+    """The direction of the dark water beside the ship, in degrees clockwise from right."""
     body = ndimage.binary_fill_holes(hull(frame))
     dark = (frame[..., 3] > 60) & ~body & (luma(frame) < 90)
     down, right = numpy.subtract(ndimage.center_of_mass(dark), ndimage.center_of_mass(body))
@@ -145,7 +146,7 @@ def spread(values, form="{:.1f}"):
 
 
 def ship_bars(artwork):
-    """(what, measured, bar, reached) for the ship's sheet."""
+    """(what, value, limit, whether it is met) for the ship's sheet."""
     ships = artwork.ships
     water = artwork.load("voda.png")
     values = [luma(frame)[solid(frame)] for frame in ships]
@@ -204,7 +205,7 @@ def sea_bars(artwork):
 
 
 def file_bars(artwork):
-    """Sizes, and the time one thread takes to decode all sixteen as the game does at its start."""
+    """File sizes, and the time in which one thread decodes all sixteen, as the game does."""
     files = [(artwork.directory / f"{name}.png").read_bytes() for name in PICTURES]
     start = time.process_time()
     for data in files:
@@ -216,7 +217,7 @@ def file_bars(artwork):
 
 
 def eye_bars(artwork):
-    """Colour difference (CIE 1976) of what must not be mistaken, and of its lightness alone."""
+    """The colour difference (CIE 1976) of pictures that must not be confused, and its lightness."""
     dials = artwork.dials
     disc = (dials[40][..., :3] != (255, 0, 255)).any(-1)
     strip = artwork.load("tlacitka.png")
@@ -237,7 +238,7 @@ def eye_bars(artwork):
 
 
 def table(rows):
-    """A Markdown table of values."""
+    """A Markdown table of the rows."""
     lines = ["| measured | value | limit | |", "|---|---|---|---|"]
     for what, value, bar, reached in rows:
         word = {True: "met", False: "**missed**", None: ""}[reached]

@@ -1,18 +1,18 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Pictures of real battles, each on another sea, taken from the game on a virtual display."""
+"""Pictures of real battles, each on a different sea, from the game on a virtual display."""
 
 from robots.match import Match
 from robots.screens import Guide
 from robots.stage import Stage, StageError, to_image
 
-# How many hits, of both players together, the battle of each picture is old.
+# The hits of both players together after which each battle's picture is taken.
 HITS = (0, 1, 2, 3, 4, 6, 8, 9, 10, 11, 12, 14)
 SHORTEST, LONGEST = 3, 120  # seconds
 
 
 def battle(binary, root, tools, hits):
-    """The seed, as far as the clock tells it, and a picture of one battle in a new run."""
+    """The seed (the time at which the game started) and a picture of one battle in a new run."""
     artwork, writer, lookout = tools
     with Stage(binary, root) as stage:
         guide = Guide(stage, artwork, writer, lookout)
@@ -25,7 +25,7 @@ def battle(binary, root, tools, hits):
 
 
 def battles(binary, root, tools):
-    """Battles on as many different seas as HITS tells, some just begun, some nearly over."""
+    """Pictures of battles by seed: one for each number in HITS, each on a different sea."""
     found = {}
     for number, hits in enumerate(HITS):
         try:

@@ -9,12 +9,12 @@ from robots.artwork import Artwork
 MARGIN, CAPTION = 10, 26
 GROUND, INK = (52, 54, 58), (236, 232, 220)
 CHECK = 8
-# Good enough to judge a picture by, at a quarter of a lossless file's size.
+# Good enough for judging a picture, and a quarter of the size of a lossless file.
 QUALITY = 85
 
 
 def checkered(size):
-    """The usual ground for transparency."""
+    """A checkerboard, the usual background for transparency."""
     ground = Image.new("RGB", size, (150, 150, 150))
     draw = ImageDraw.Draw(ground)
     for y in range(0, size[1], CHECK):
@@ -24,7 +24,7 @@ def checkered(size):
 
 
 def flat(image, ground=None):
-    """A picture on a ground of its own size, or on checks."""
+    """A picture on a background of the same size, or on a checkerboard."""
     ground = (ground or checkered(image.size)).convert("RGBA")
     ground.alpha_composite(image.convert("RGBA"))
     return ground.convert("RGB")

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Colours as the colour-blind see them, and how far two pictures differ to an eye."""
+"""Simulates colour blindness, and measures how different two pictures look."""
 
 import numpy
 
@@ -34,7 +34,7 @@ def coded(light):
 
 
 def simulate(pixels, deficiency):
-    """The picture as it looks with this deficiency; unchanged for None."""
+    """The picture as people with this deficiency see it; unchanged for None."""
     if deficiency is None:
         return numpy.asarray(pixels)[..., :3].astype(numpy.uint8)
     return coded(linear(pixels) @ numpy.array(DEFICIENCIES[deficiency]).T)
@@ -60,6 +60,6 @@ def lab(pixels):
 
 
 def difference(one, other, where):
-    """The mean colour difference, and that of lightness alone, over part of two pictures."""
+    """The mean colour difference and mean lightness difference within part of two pictures."""
     apart = (lab(one) - lab(other))[where]
     return float(numpy.linalg.norm(apart, axis=-1).mean()), float(abs(apart[:, 0]).mean())
