@@ -16,7 +16,7 @@ export class Clock {
     return (this.pausedAt === null ? performance.now() : this.pausedAt) - this.lost;
   }
 
-  // Browsers hold a timer that was set by a timer back for 4 ms, but not one set by a message.
+  // Browsers delay a timer by 4 ms if another timer has set it, but not if a message has set it.
   sleep(ms) {
     return new Promise((resolve) => {
       this.sleeper = { resolve, ms };

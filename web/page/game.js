@@ -6,10 +6,10 @@ import createProgram from "./morvane.js";
 // Runs the game once, from the first frame to its end.
 //   compiled: the WebAssembly module
 //   data: a map from the names of the game's files to their bytes
-//   page: what the drivers in web/sdl call: now, sleep, open, present, nextEvent, openAudio,
-//         closeAudio
-// onStart gets the program. Resolves with the messages that the game has written and whether it
-// has failed.
+//   page: the functions that the drivers in web/sdl call: now, sleep, open, present, nextEvent,
+//         openAudio, closeAudio
+//   onStart: called with the program
+// Resolves with the messages that the game has written and whether it has failed.
 export function play({ compiled, data, page, onStart }) {
   return new Promise((resolve, reject) => {
     const messages = [];
@@ -34,7 +34,7 @@ export function play({ compiled, data, page, onStart }) {
     }).then((program) => {
       onStart(program);
       program.callMain([]); // returns when the game sleeps for the first time
-      if (!program.Asyncify.currData) return; // it has not come so far
+      if (!program.Asyncify.currData) return; // the game has already ended
       program.Asyncify.whenDone().then(end, (problem) => {
         if (problem.name === "ExitStatus") end(problem.status);
         else reject(problem);

@@ -31,7 +31,7 @@ function keysInBattle(act, keys) {
   ];
 }
 
-// In the menu any pad moves the choice and chooses.
+// In the menu, any gamepad moves the focus and chooses.
 function keysInMenu(act) {
   return [
     act.forward && "up", act.back && "down", (act.sail || act.fire) && "enter",
@@ -39,13 +39,13 @@ function keysInMenu(act) {
   ];
 }
 
-// The first two gamepads play the two players' keys. Asked once a frame.
+// The first two gamepads press the keys of the two players. poll() is called once a frame.
 export class Gamepads {
   constructor(input, isBattle) {
     this.input = input;
     this.isBattle = isBattle;
     this.wasBattle = false;
-    this.resting = new Set(); // pads that must let go before they count again
+    this.resting = new Set(); // gamepads ignored until all their controls are released
     this.onChange = () => {}; // (number of gamepads)
     for (const name of ["gamepadconnected", "gamepaddisconnected"]) {
       window.addEventListener(name, () => this.onChange(this.connected().length));
@@ -60,7 +60,7 @@ export class Gamepads {
   poll() {
     const pads = this.connected();
     const isBattle = pads.length > 0 && this.isBattle();
-    if (isBattle !== this.wasBattle) { // what chose "New game" does not fire yet
+    if (isBattle !== this.wasBattle) { // the press that chose "New game" must not fire
       players.forEach((_, index) => this.resting.add(index));
     }
     this.wasBattle = isBattle;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // The queue of events that the game reads. Keyboard, gamepads and touch controls press the same
-// keys; a key is up again when none of them holds it any more.
+// keys; a key goes up when no device holds it any more.
 
 const keyEvent = 1;
 const motionEvent = 2;
@@ -59,7 +59,7 @@ export class Input {
     this.events.push([buttonEvent, isDown ? 1 : 0, number, 0]);
   }
 
-  // Without the focus key releases no longer arrive, so every key is released.
+  // Without the focus, releases of keys no longer arrive, so this releases every key.
   blur() {
     for (const symbol of this.holders.keys()) this.onKey(symbol, false);
     this.holders.clear();

@@ -6,7 +6,7 @@ import { symbolOf, symbols } from "./keys.js";
 const device = "keyboard";
 const browsersKeys = new Set(["F5", "F11", "F12"]);
 
-// Sends the keyboard's keys to the game while isPlaying() says so; lights the key caps always.
+// Sends the keyboard's keys to the game while isPlaying() is true, and always lights the key caps.
 export class Keyboard {
   constructor(input, isPlaying) {
     this.input = input;
@@ -22,7 +22,7 @@ export class Keyboard {
     if (browsersKeys.has(event.key) || event.ctrlKey || event.altKey || event.metaKey) return;
     const isOverPage = event.target instanceof Element && event.target.closest("dialog, footer");
     if (this.isPlaying() && !isOverPage) {
-      event.preventDefault(); // Tab keeps the focus, Space and the arrows do not scroll
+      event.preventDefault(); // so that Tab keeps the focus, and Space and arrows do not scroll
     }
     const symbol = symbolOf(event, this.byPlace);
     const key = event.code || event.key;
@@ -50,7 +50,7 @@ export class Keyboard {
   }
 }
 
-// Key caps that light up while their key is down, on the page and under the fingers alike.
+// Lights up key caps and touch buttons while their key is down.
 export function lightKeyCaps(input) {
   const caps = new Map();
   for (const cap of document.querySelectorAll("[data-key]")) {

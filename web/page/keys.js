@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// SDL's key symbols, and the key of the keyboard for each.
+// SDL's key symbols, and the keys of the keyboard that have them.
 
 export const symbols = {
   backspace: 8, tab: 9, enter: 13, pause: 19, escape: 27, space: 32, delete: 127,
@@ -11,7 +11,7 @@ export const symbols = {
   a: 97, d: 100, w: 119, z: 122,
 };
 
-// What the two players do, by the names of the keys that do it.
+// The keys of the two players.
 export const players = [
   { left: "a", right: "d", sail: "w", fire: "space", teleport: "z" },
   { left: "left", right: "right", sail: "up", fire: "enter", teleport: "delete" },
@@ -49,12 +49,12 @@ function symbolOfPlace(code) {
   }
 }
 
-// By letter: the symbol of the letter on the key. Keys without one, and the letters of scripts that
-// the game does not know, go by place.
+// By letter: the symbol of the letter on the key. Keys without a letter, and letters outside ASCII,
+// have the symbol of their place.
 export function symbolOf(event, byPlace) {
   const isTyped = event.key.length === 1 && event.key > " " && event.key <= "~";
   if (byPlace || !isTyped || event.code.startsWith("Numpad")) {
-    // Keys of virtual keyboards have no place.
+    // The keys of virtual keyboards have no code for their place.
     return symbolOfPlace(event.code) || named[event.key === " " ? "Space" : event.key] || 0;
   }
   return event.key.toLowerCase().charCodeAt(0);

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-const silence = 20000; // milliseconds without a byte, after which a connection counts as lost
+const silence = 20000; // milliseconds without a byte after which a connection counts as lost
 const attempts = 3;
 
-// A problem in words for the player.
+// A problem whose message is meant for the player.
 export class LoadError extends Error {}
 
-// WebAssembly with 128-bit vectors: a module whose only function makes one.
+// A WebAssembly module with one function, which makes a 128-bit vector.
 const vectorModule = new Uint8Array([
   0, 97, 115, 109, 1, 0, 0, 0, 1, 5, 1, 96, 0, 1, 123, 3, 2, 1, 0, 10, 10, 1, 8, 0, 65, 0, 253, 15,
   253, 98, 11,
@@ -15,24 +15,24 @@ const vectorModule = new Uint8Array([
 
 export function checkBrowser() {
   if (typeof WebAssembly !== "object") {
-    throw new LoadError("This browser has no WebAssembly, which the game needs. Any browser of " +
-      "recent years has it, unless it was switched off.");
+    throw new LoadError("This browser has no WebAssembly, which the game needs. Every browser " +
+      "of recent years has it, unless it was switched off.");
   }
   if (!WebAssembly.validate(vectorModule)) {
-    throw new LoadError("The WebAssembly of this browser is too old for the game. It plays in " +
-      "Chromium 91, Firefox 89, Safari 16.4 and later.");
+    throw new LoadError("The WebAssembly of this browser is too old for the game, which needs " +
+      "Chromium 91, Firefox 89, Safari 16.4 or later.");
   }
 }
 
-// Fetches the files of the list, { name, size } each, and keeps those that have come when another
-// one fails, so that a second call fetches only the rest.
+// Fetches the listed files, { name, size } each. When a file fails, those that have arrived are
+// kept, so that a second call of load() fetches only the rest.
 export class Loader {
   constructor(base, files) {
     this.base = base;
     this.files = files;
     this.loaded = new Map(); // name -> bytes
-    this.received = new Map(); // name -> how many bytes have come
-    this.onProgress = () => {}; // (bytes received, bytes in all)
+    this.received = new Map(); // name -> number of bytes received
+    this.onProgress = () => {}; // (bytes received, total bytes)
   }
 
   get total() {
@@ -64,7 +64,7 @@ export class Loader {
         { signal: aborter.signal, cache: isAgain ? "reload" : "default" });
       if (!response.ok) {
         throw new LoadError(`A part of the game is missing on the server (${file.name}, ` +
-          `status ${response.status}). Perhaps a new version has just been put there.`);
+          `status ${response.status}). Perhaps a new version has just been installed there.`);
       }
       const bytes = new Uint8Array(file.size);
       const reader = response.body.getReader();

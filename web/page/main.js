@@ -17,7 +17,7 @@ const element = (id) => document.getElementById(id);
 const megabytes = (bytes) => (bytes / 1e6).toFixed(1);
 
 let program = null; // the running game
-let ready = null; // what a game needs: { play, compiled, data }
+let ready = null; // everything that a game needs: { play, compiled, data }
 let pageIsLeaving = false;
 const posterPatience = 2000; // milliseconds
 
@@ -49,13 +49,13 @@ loader.onProgress = (bytes, total) => {
   element("bytes").textContent = `${megabytes(bytes)} of ${megabytes(total)} MB`;
 };
 
-// On a slow line the files of the game would hold up the poster, so it comes first.
+// Waits for the poster, because on a slow connection the files of the game would delay it.
 async function showPoster() {
   const wait = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
   const poster = new Image();
   poster.src = `${base}pozadie-lode3.webp`;
   await Promise.race([poster.decode().catch(() => {}), wait(posterPatience)]);
-  await wait(0); // the browser paints
+  await wait(0); // lets the browser paint
 }
 
 async function prepare() {
@@ -124,14 +124,14 @@ async function start() {
   ashore(true);
 }
 
-// Gamepads are asked when the game asks for events, so at least once a frame.
+// The gamepads are polled when the game asks for events, so at least once a frame.
 page.nextEvent = () => {
   const event = input.next();
   if (!event) gamepads.poll();
   return event || input.next();
 };
 
-// ---- what surrounds the game ----
+// ---- the page around the game ----
 
 function offerNewVersion(takeOver) {
   const reload = () => {
@@ -165,7 +165,7 @@ function remembered(control, key, apply) {
   try {
     const value = localStorage.getItem(key);
     if (value !== null) control.value = value;
-  } catch (problem) { /* a browser that keeps nothing */ }
+  } catch (problem) { /* the browser does not allow storage */ }
   const change = () => {
     apply(control.value);
     try {
@@ -191,7 +191,7 @@ for (const name of ["keydown", "pointerdown", "touchend"]) {
 }
 for (const button of document.querySelectorAll(".full-screen")) {
   button.addEventListener("click", () => {
-    toggleFullScreen().catch(() => notice("The browser allows no full screen here."));
+    toggleFullScreen().catch(() => notice("The browser does not allow full screen here."));
     if (isPlaying()) element("canvas").focus({ preventScroll: true });
   });
 }
@@ -211,7 +211,7 @@ window.addEventListener("beforeunload", (event) => {
   }
 });
 
-// The parts, for tests and for whoever opens the console.
+// The parts of the page, for tests and for use in the console.
 window.morvane = { clock, gamepads, input, loader, page, screen, sound, isBattle };
 window.morvane.program = () => program;
 

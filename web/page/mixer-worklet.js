@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// Plays the chunks of interleaved 16-bit samples that the page sends, and asks for the next ones
-// in time: some chunks are always ready or on their way.
+// Plays the chunks of interleaved 16-bit samples that the page sends, and asks for the next chunks
+// in time, so that a few chunks are always ready or on their way.
 registerProcessor("mixer", class extends AudioWorkletProcessor {
   constructor(options) {
     super();
     Object.assign(this, options.processorOptions);
     this.chunks = [];
-    this.position = 0; // in the first chunk
+    this.position = 0; // of the next sample in the first chunk
     this.requested = 0;
     this.dropouts = 0; // samples that were missing after the first chunk
     this.hasBegun = false;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// Keeps the site for use without a network, and offers a new version when one has been stored
-// whole. The page that is open keeps to its own version until it is loaded again.
+// Stores the site for use without a network, and offers a new version once all of it has been
+// stored. An open page uses its own version until it is loaded again.
 export async function keepOffline(onNewVersion) {
   if (!("serviceWorker" in navigator)) return;
   try {
@@ -19,6 +19,6 @@ export async function keepOffline(onNewVersion) {
       registration.installing.addEventListener("statechange", offer);
     });
   } catch (problem) {
-    console.info("Not kept for use without a network:", String(problem));
+    console.info("Not stored for use without a network:", String(problem));
   }
 }

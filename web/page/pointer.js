@@ -4,7 +4,7 @@
 const wheelUp = 4;
 const wheelDown = 5;
 
-// Sends pointer and wheel over the canvas to the game, in pixels of its display.
+// Sends pointer and wheel events of the canvas to the game, in pixels of the game's display.
 export function connectPointer(input, canvas) {
   const point = (event) => {
     const box = canvas.getBoundingClientRect();

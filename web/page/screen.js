@@ -3,9 +3,9 @@
 
 const displayWidth = 800;
 const displayHeight = 600;
-const snap = 0.06; // a scale so little above a whole multiple is made the whole multiple
+const snap = 0.06; // a scale this close above a whole number is rounded down to it
 
-// The canvas: shows the game's display as large as there is room, at 4:3.
+// The canvas. Shows the game's display as large as the room allows, at 4:3.
 export class Screen {
   constructor(stage, canvas) {
     this.stage = stage;
@@ -18,7 +18,7 @@ export class Screen {
     this.fit();
   }
 
-  // The stage gets what the style sheet leaves it; both sides are whole device pixels.
+  // Fits the stage into the room that the style sheet leaves; both sides are whole device pixels.
   fit() {
     this.stage.style.width = "";
     this.stage.style.height = "";
@@ -46,7 +46,7 @@ export async function toggleFullScreen() {
     return;
   }
   await document.documentElement.requestFullscreen({ navigationUI: "hide" });
-  // Escape is the game's where the browser lets a page have it; holding it down leaves full screen.
+  // If the browser allows it, Escape goes to the game; holding Escape then leaves full screen.
   if (navigator.keyboard && navigator.keyboard.lock) {
     await navigator.keyboard.lock(["Escape"]).catch(() => {});
   }

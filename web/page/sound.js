@@ -3,7 +3,7 @@
 
 const chunksAhead = 2;
 
-// The game's sound device: a worklet that asks for a chunk whenever it has too few samples left.
+// The game's sound device. A worklet asks for a chunk whenever it has too few samples left.
 export class Sound {
   constructor(workletUrl) {
     this.workletUrl = workletUrl;
@@ -11,18 +11,18 @@ export class Sound {
     this.context = null;
     this.gain = null;
     this.dropouts = 0;
-    this.onState = () => {}; // (a sentence for the player, empty while all is well)
+    this.onState = () => {}; // (a message for the player, empty if there is no problem)
   }
 
   open(frequency, channels, samples, mix) {
     if (!window.AudioContext || !window.AudioWorkletNode) {
-      this.onState("No sound: the browser offers none here. The game plays silently.");
+      this.onState("No sound: this browser does not support it. The game plays silently.");
       return false;
     }
     try {
       this.context = new AudioContext({ sampleRate: frequency });
     } catch (problem) {
-      this.onState("No sound: the browser opens no sound device. The game plays silently.");
+      this.onState("No sound: there is no sound device to open. The game plays silently.");
       return false;
     }
     const { context } = this;
@@ -54,7 +54,7 @@ export class Sound {
   report(context) {
     if (context !== this.context) return;
     const isWaiting = context.state === "suspended" && !document.hidden;
-    this.onState(isWaiting ? "The sound starts with your next key or click." : "");
+    this.onState(isWaiting ? "The sound starts when you next press a key or click." : "");
   }
 
   setVolume(volume) {
@@ -66,7 +66,7 @@ export class Sound {
     if (this.context) this.context.suspend();
   }
 
-  // Browsers allow sound only after the player has done something; call it whenever that happens.
+  // Call this whenever the player does something, because browsers do not allow sound earlier.
   wake() {
     if (this.context && this.context.state === "suspended" && !document.hidden) {
       this.context.resume().catch(() => {});

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// Keeps one version of the site, whole: every file is checked against its SHA-256 before the
-// version is used, and a page gets all its files from one version. web/assemble fills in both.
+// Stores one complete version of the site. Every file is compared with its SHA-256 before the
+// version is used, and a page gets all its files from one version. web/assemble fills in the two
+// constants.
 const version = "@VERSION@";
 const files = "@FILES@"; // [[name, integrity], ...]
 
@@ -13,8 +14,8 @@ async function store() {
   const cache = await caches.open(prefix + version);
   await Promise.all(files.map(async ([name, integrity]) => {
     const url = new URL(name, home).href;
-    // The browser's own cache serves what the page has just loaded; it is passed over when it
-    // holds something else.
+    // The browser's own cache has the files that the page has just loaded. If its file is another
+    // one, the file is fetched from the server.
     let response = await fetch(url, { integrity }).catch(() => null);
     if (!response || !response.ok) response = await fetch(url, { integrity, cache: "reload" });
     if (!response.ok) throw new Error(`${name}: status ${response.status}`);

@@ -5,8 +5,9 @@ import { symbols } from "./keys.js";
 
 const device = "touch";
 
-// The touch controls: a key is held while any finger lies on its button, and a finger may slide
-// from one button to the next. They appear with the first touch, or where nothing finer is there.
+// The touch controls. A key is held while a finger is on its button, and a finger may slide from
+// one button to the next. The controls appear at the first touch, or at once if the main pointer is
+// coarse.
 export function connectTouch(input) {
   const show = () => document.body.classList.add("touch");
   if (window.matchMedia("(pointer: coarse)").matches) show();
@@ -27,7 +28,7 @@ export function connectTouch(input) {
       pad.addEventListener(name, update, { passive: false });
     }
     pad.addEventListener("contextmenu", (event) => event.preventDefault());
-    // A mouse, or a screen reader's click, taps the key.
+    // A click with a mouse or from a screen reader taps the key.
     pad.addEventListener("click", (event) => {
       const button = event.target.closest("[data-key]");
       if (button) input.tap(symbols[button.dataset.key]);

@@ -1,8 +1,8 @@
 /* SPDX-FileCopyrightText: 2026 The Morvane makers
    SPDX-License-Identifier: MIT */
 
-/* What SDL 1.2 finds in the browser. The system drivers of this folder take the places of SDL's
-   dummy drivers, so that SDL's own files are compiled unchanged. */
+/* The configuration of SDL 1.2 for the browser. The drivers in this directory take the place of
+   SDL's dummy drivers, so that SDL's own files are compiled unchanged. */
 #ifndef _SDL_config_h
 #define _SDL_config_h
 #include "SDL_platform.h"

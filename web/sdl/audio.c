@@ -2,7 +2,7 @@
    SPDX-License-Identifier: MIT */
 
 /* SDL's audio driver for the browser. There is no sound thread: the page asks for a chunk of
-   samples whenever it has too few left, which it does only while the program sleeps. */
+   samples whenever it has too few left. It can ask only while the program sleeps. */
 #include <emscripten.h>
 #include <stdlib.h>
 #include <string.h>
@@ -47,7 +47,7 @@ static int openAudio(Device* device, SDL_AudioSpec* spec) {
     SDL_CalculateAudioSpec(spec);
     device->hidden->chunk = malloc(spec->size);
     if (!device->hidden->chunk || !pageOpenAudio(spec->freq, spec->channels, spec->samples)) {
-        SDL_SetError("The browser opens no sound device");
+        SDL_SetError("The browser cannot open a sound device");
         return -1;
     }
     openDevice = device;

@@ -1,9 +1,9 @@
 /* SPDX-FileCopyrightText: 2026 The Morvane makers
    SPDX-License-Identifier: MIT */
 
-/* SDL_image's IMG_Load for the site's pictures: the game's PNG files, stored as lossless WebP,
-   which is a third smaller. The surface is the one that SDL_image makes from the PNG file: 24-bit
-   without an alpha channel, 32-bit with one. */
+/* SDL_image's IMG_Load for the site's pictures. They are the game's PNG files, stored as lossless
+   WebP, which is a third smaller. The surface is the same as SDL_image makes from the PNG file:
+   24-bit without an alpha channel, 32-bit with an alpha channel. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <webp/decode.h>

@@ -31,7 +31,7 @@ void srand(unsigned seed) {
             word += 2147483647;
         }
     }
-    oldest = lag; /* the first three words count as the latest, too */
+    oldest = lag; /* the first three words also count as the latest */
     isSeeded = 1;
     for (int i = 0; i < dropped; ++i) {
         next();

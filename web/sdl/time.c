@@ -25,13 +25,13 @@ Uint32 SDL_GetTicks(void) {
     return (Uint32)(pageNow() - start);
 }
 
-/* The whole program is suspended here, and the browser gets its turn. */
+/* Suspends the whole program, so that the browser can do its own work. */
 void SDL_Delay(Uint32 ms) {
     pageSleep((int)ms);
 }
 
-/* What the libraries call instead: they wait only for threads and for music that fades, neither of
-   which there is, and web/link makes sure that only the main loop can be suspended. */
+/* The libraries call this instead of SDL_Delay. They would wait only for threads and for fading
+   music. The game has neither, and only its main loop may be suspended (see web/link). */
 void librariesDelay(Uint32 ms) {
     (void)ms;
     abort();

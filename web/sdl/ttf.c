@@ -2,7 +2,7 @@
    SPDX-License-Identifier: MIT */
 
 /* The part of SDL_ttf 2.0 that the game uses: one scalable typeface, Latin-1 text, blended and
-   kerned. Metrics and rounding follow SDL_ttf 2.0.11, so that texts come out equal to the pixel. */
+   kerned. Metrics and rounding follow SDL_ttf 2.0.11, so that every pixel of a text is the same. */
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include <stdlib.h>
@@ -114,7 +114,7 @@ static void drawGlyph(const FT_Bitmap* bitmap, int width, SDL_Surface* surface, 
     }
 }
 
-/* Walks over the text; draws it when there is a surface, and measures it in any case. */
+/* Measures the text, and draws it if there is a surface. */
 static Extent layOut(TTF_Font* font, const char* text, SDL_Surface* surface) {
     Extent extent = {0, 0, 0};
     FT_UInt before = 0;

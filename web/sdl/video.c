@@ -1,8 +1,8 @@
 /* SPDX-FileCopyrightText: 2026 The Morvane makers
    SPDX-License-Identifier: MIT */
 
-/* SDL's video driver for the browser: a 32-bit display in memory, which every flip hands to the
-   page, and the page's input events. */
+/* SDL's video driver for the browser: a 32-bit display in memory, which every flip passes to the
+   page, and the input events from the page. */
 #include <emscripten.h>
 #include <stdlib.h>
 
@@ -14,7 +14,7 @@
 typedef SDL_VideoDevice Device;
 
 struct SDL_PrivateVideoData {
-    Uint32* rgba; /* the display again, in the byte order of a canvas */
+    Uint32* rgba; /* a copy of the display in the byte order of a canvas */
 };
 
 struct WMcursor {
@@ -100,7 +100,7 @@ static SDL_Surface* setVideoMode(Device* device, SDL_Surface* current, int w, in
     return current;
 }
 
-/* The page always gets the whole display: the game flips nothing smaller. */
+/* Passes the whole display to the page, because the game always flips the whole display. */
 static void updateRects(Device* device, int n, SDL_Rect* rects) {
     const SDL_Surface* display = device->screen;
     const Uint32* from = display->pixels;
@@ -143,7 +143,7 @@ static void unlockSurface(Device* device, SDL_Surface* surface) {
     (void)device, (void)surface;
 }
 
-/* The page's pointer is the cursor; SDL draws none into the display. */
+/* The page's pointer is the cursor; SDL draws no cursor into the display. */
 static WMcursor* createCursor(Device* device, Uint8* data, Uint8* mask, int w, int h, int x,
                               int y) {
     (void)device, (void)data, (void)mask, (void)w, (void)h, (void)x, (void)y;
