@@ -57,7 +57,7 @@ public:
     PlayerShip* ship2;
     Bullet* bullet1;
     Bullet* bullet2;
-    SDL_Rect viewport1Pos; // x and y of the viewport on the display
+    SDL_Rect viewport1Pos; // x and y of each viewport on the display
     SDL_Rect viewport2Pos;
 };
 

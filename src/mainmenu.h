@@ -32,11 +32,11 @@ public:
     // Composes the whole menu, copies it to the display and flips.
     void redraw();
 
-    // Move the focus by one button, round the ends, and redraw.
+    // Move the focus by one button, wrapping round at both ends, and redraw.
     void up();
     void down();
 
-    // Does what the focused button stands for; without a focus it only focuses the top one.
+    // Carries out the action of the focused button; without a focus, only focuses the top button.
     void select();
 
     // The id of the focused button, or -1 for none.

@@ -29,7 +29,10 @@ class NeverSeen(StageError):
 
 
 class VirtualDisplay:
-    """An X server without a screen, whose frame buffer is a file that can be read at any time."""
+    """An X server without a screen. Its frame buffer is a file that can be read at any time.
+
+    The pointer can be moved, but is never drawn: the game leaves it to the X server.
+    """
 
     def __init__(self, directory):
         reader, writer = os.pipe()
