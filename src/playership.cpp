@@ -93,7 +93,7 @@ const PlayerTraits& traitsOf(int playerId) {
     return traitsOfPlayer[playerId == 1 ? 0 : 1];
 }
 
-// Drops the fraction of a pixel in every frame, towards zero.
+// The whole pixels of a distance. The fraction is dropped in every frame, towards zero.
 Sint16 wholePixels(double distance) {
     return static_cast<Sint16>(distance);
 }
@@ -114,8 +114,8 @@ void drawBar(const PlayerShip& ship, const PlayerTraits& traits) {
 }
 
 void drawDial(const PlayerShip& ship, const PlayerTraits& traits) {
-    // Deliberate: because of the truncation, the dial looks full up to two frames before the cannon
-    // can fire after a shot, and up to seven frames before it can after a teleport. A player's
+    // Deliberate: because of the truncation, the dial looks full before the cannon can fire: up to
+    // two frames early after a shot, and up to seven frames early after a teleport. A player's
     // reaction takes longer than that.
     const double reloading = ship.reloading;
     const int k = dialSteps - static_cast<int>(reloading * dialSteps / ship.maxReloading);

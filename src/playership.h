@@ -43,7 +43,7 @@ public:
     // Jumps to a random place when a teleport is ready, keeping speed and heading.
     void teleport();
 
-    // Blocks the cannon for n frames. max is the full scale of the dial; with -1, n is.
+    // Blocks the cannon for n frames. The full scale of the dial is max, or n if max is -1.
     void setReloading(int n, int max);
 
     // Picks places at random from the grid 100, 200 ... 700 in each axis until one is clear of the

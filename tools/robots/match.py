@@ -67,7 +67,7 @@ class Match:
         return True
 
     def run(self, timeout, until=lambda: False):
-        """Fights until the battle is over, a condition holds or the time is up."""
+        """Fights until the battle is over, until() is true, or the time is up."""
         deadline = time.monotonic() + timeout
         with Fingers(self.hands):
             while not self.is_over and not until() and time.monotonic() < deadline:

@@ -12,7 +12,7 @@ export class Keyboard {
     this.input = input;
     this.isPlaying = isPlaying;
     this.byPlace = false;
-    this.held = new Map(); // physical key -> the symbol it went down as
+    this.held = new Map(); // physical key -> the symbol that was sent when it went down
     window.addEventListener("keydown", (event) => this.down(event));
     window.addEventListener("keyup", (event) => this.up(event));
     window.addEventListener("blur", () => this.releaseAll());
