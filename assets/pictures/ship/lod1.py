@@ -49,7 +49,7 @@ KNEE, WHITE = .65, 1.095
 DARK, LIGHT = .010, .55
 LUMINANCE = np.array((.2126, .7152, .0722))
 FAINT = .05
-# Samples a pixel, along each axis. A draft shows in half a minute what a change does.
+# Samples a pixel, along each axis. A draft is coarser, but shows sooner what a change does.
 DRAFT = 'PICTURE_DRAFT' in os.environ
 FINE, COARSE = (2, 2) if DRAFT else (4, 2)
 
