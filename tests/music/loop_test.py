@@ -12,12 +12,10 @@ from pathlib import Path
 import numpy
 import pytest
 
-import mixrecording
 from engine import loopmp3
 
 DATA = Path(__file__).resolve().parents[2] / 'data'
 PIECES = sorted(DATA.glob('music*.mp3'))
-PLAYER = os.environ.get('MUSIC_PLAYER')
 SEAMS = 3
 NEAR = .14                      # seconds on either side of a seam that are looked at
 SETTLED = .11                   # seconds after which it no longer matters where decoding began
@@ -33,12 +31,6 @@ SLOWLY = '20'                   # milliseconds for a buffer: nine times as fast 
 HALTED_SECONDS = 60             # of sound in which the piece is halted and begins anew
 READ_AHEAD = 40960              # bytes of the file that the mixer's decoder keeps when it is halted
 A_WHILE = 2                     # seconds by which a beginning is recognised
-
-pytestmark = pytest.mark.skipif(not PLAYER, reason='MUSIC_PLAYER names no player')
-
-
-def recording(piece, seconds, *halt, delay='0'):
-    return mixrecording.record(PLAYER, piece, seconds, *halt, delay=delay)
 
 
 @dataclass
@@ -72,7 +64,7 @@ def around(sound, place, rate):
     return sound[place - near:place + near]
 
 
-def play(data, folder):
+def play(recording, data, folder):
     """Plays a piece, and once more begun in the middle.
 
     Then the same frames follow each other across the seam as anywhere else in the file.
@@ -90,8 +82,8 @@ def play(data, folder):
 
 
 @pytest.fixture(scope='module', name='played', params=PIECES, ids=lambda path: path.stem)
-def played_by_the_mixer(request, tmp_path_factory):
-    return play(request.param.read_bytes(), tmp_path_factory.mktemp('music'))
+def played_by_the_mixer(request, recording, tmp_path_factory):
+    return play(recording, request.param.read_bytes(), tmp_path_factory.mktemp('music'))
 
 
 def decibels(part, whole):
@@ -158,7 +150,7 @@ def test_seams_sound_as_if_there_were_none(played):
         assert error_of_seam(seam, played.unbroken) < UNHEARD
 
 
-def test_a_lost_frame_would_be_noticed(played, tmp_path):
+def test_a_lost_frame_would_be_noticed(recording, played, tmp_path):
     # The measurement above can fail.
     short = tmp_path / 'short.mp3'
     short.write_bytes(b''.join(played.frames[:-1]))
@@ -167,7 +159,7 @@ def test_a_lost_frame_would_be_noticed(played, tmp_path):
     assert error_of_seam(around(sound, end, rate), played.unbroken) > UNHEARD
 
 
-def silences_in_many_rounds(data, folder):
+def silences_in_many_rounds(recording, data, folder):
     """Lengths of silent buffers, in samples of the file, while a piece repeats very often."""
     piece = folder / 'excerpt.mp3'
     piece.write_bytes(data)
@@ -186,13 +178,13 @@ def end_of_a_piece():
     return data[:loopmp3.tag_size(data)], loopmp3.frames(data)[-EXCERPT_FRAMES:]
 
 
-def test_no_silence_in_many_rounds(excerpt, tmp_path):
-    assert not silences_in_many_rounds(loopmp3.stream(*excerpt), tmp_path)
+def test_no_silence_in_many_rounds(recording, excerpt, tmp_path):
+    assert not silences_in_many_rounds(recording, loopmp3.stream(*excerpt), tmp_path)
 
 
-def test_a_round_that_ends_with_a_buffer_would_be_noticed(excerpt, tmp_path):
+def test_a_round_that_ends_with_a_buffer_would_be_noticed(recording, excerpt, tmp_path):
     tag, frames = excerpt
-    silences = silences_in_many_rounds(tag + b''.join(frames), tmp_path)
+    silences = silences_in_many_rounds(recording, tag + b''.join(frames), tmp_path)
     assert len(silences) == MANY_ROUNDS // 32
     assert all(abs(length - BUFFER) < BUFFER / 50 for length in silences)
 
@@ -214,7 +206,7 @@ def begins_at(sound, beginning):
     return int((power - 2 * product[:len(power)]).argmin())
 
 
-def test_a_piece_played_again_begins_after_what_the_mixer_had_read(played, tmp_path):
+def test_a_piece_played_again_begins_after_what_the_mixer_had_read(recording, played, tmp_path):
     # SDL_mixer goes back to the start of the file and first plays what it has read already.
     # Neither the file nor the game's calls can prevent that; it is short, and then all is whole.
     piece = tmp_path / 'halted.mp3'

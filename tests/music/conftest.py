@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""What the tests of sound share: the game's mix in a file, and what each track sounds like."""
+"""What the tests share: the player, the game's mix in a file, and how each track sounds."""
 
+import functools
 import re
 import shutil
 from dataclasses import dataclass
@@ -17,21 +18,24 @@ import smalldata
 
 PROJECT = Path(__file__).resolve().parents[2]
 SAMPLES = PROJECT / "tests/support/data"
-DATA = {"tones": PROJECT / "tests/sound/data", "pieces": PROJECT / "data"}
+DATA = {"tones": PROJECT / "tests/music/tones", "pieces": PROJECT / "data"}
 HEARD = 20  # seconds of each track, longer than any test plays it
 
 
 def pytest_addoption(parser):
     parser.addoption("--binary", default=str(PROJECT / "build/test/morvane"))
-    parser.addoption("--watch", required=True, help="the library that is preloaded")
-    parser.addoption("--player", required=True, help="only plays a file through the mixer")
+    parser.addoption("--watch", help="the library that is preloaded")
+    parser.addoption("--player", help="only plays a file through the mixer")
     parser.addoption("--sdl", help="the SDL library it must be: classic or compat")
 
 
-@pytest.fixture(scope="session", autouse=True)
-def library_asked_for(request):
-    options = request.config.option
-    assert options.sdl in (None, gamerun.sdl_library(options.binary))
+@pytest.fixture(scope="session", name="recording")
+def recording_of_the_player(request):
+    """Records what the player plays of a file; see mixrecording.record."""
+    player = request.config.option.player
+    if player is None:
+        pytest.skip("needs the player, --player")
+    return functools.partial(mixrecording.record, player)
 
 
 @dataclass
@@ -62,15 +66,15 @@ class Game:
 
 
 @pytest.fixture(scope="module", name="game", params=DATA)
-def game_with_tracks(request, tmp_path_factory):
+def game_with_tracks(request, recording, tmp_path_factory):
     options, root = request.config.option, tmp_path_factory.mktemp(request.param)
+    assert options.sdl in (None, gamerun.sdl_library(options.binary))
     smalldata.make(root / "data", SAMPLES)
     for name in smalldata.TRACKS:
         shutil.copy(DATA[request.param] / name, root / "data" / name)
     tracks = {}
     for number, name in enumerate(smalldata.TRACKS, 1):
-        sound, rate, _ = mixrecording.record(options.player, root / "data" / name, HEARD, delay="1",
-                                             silent=listening.SILENT)
+        sound, rate, _ = recording(root / "data" / name, HEARD, delay="1", silent=listening.SILENT)
         tracks[number] = sound[:, 0]
     binary, watch = (str(Path(file).resolve()) for file in (options.binary, options.watch))
     return Game(binary, watch, root, tracks, rate)
