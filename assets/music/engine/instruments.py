@@ -72,7 +72,7 @@ def taiko_key(pitch):
     return round(TAIKO_KEY + TAIKO_KEYS_PER_SEMITONE * (pitch - TAIKO_PITCH))
 
 
-ORCHESTRA = {
+_PRESETS = {
     'piccolo': Instrument(0, 72, 74, 103, 6, .9, 400, (), -8, vibrato=12, colour=4),
     'recorder': Instrument(0, 74, 60, 98, 6, .95, 300, (), -8, vibrato=10, colour=6),
     'flute': Instrument(0, 73, 60, 96, 7, .95, 240, (), -7, vibrato=16, colour=8),
@@ -126,13 +126,12 @@ ORCHESTRA = {
 }
 
 
-def _with_attacks(orchestra):
-    if not ATTACKS.exists():
-        return orchestra
+def _with_attacks(presets):
     text = ATTACKS.read_text(encoding='utf-8').replace('\n ', ' ')
     table = dict(line.split(' : ') for line in text.splitlines() if not line.startswith('#'))
+    # Drums have no row, and a new instrument has none until ../attacks has measured it.
     return {name: replace(instrument, attacks=tuple(map(int, table.get(name, '').split())))
-            for name, instrument in orchestra.items()}
+            for name, instrument in presets.items()}
 
 
-ORCHESTRA = _with_attacks(ORCHESTRA)
+ORCHESTRA = _with_attacks(_PRESETS)
