@@ -67,19 +67,6 @@ struct Phase {
     int phase;
 };
 
-// The headings with which a ship can start.
-const Phase startPhases[] = {
-    {0.0, 28}, {0.2, 26}, {0.4, 25}, {0.6, 24}, {0.8, 23}, {1.0, 22}, {1.2, 21},
-    {1.4, 20}, {1.6, 18}, {1.8, 17}, {2.0, 16}, {2.2, 15}, {2.4, 14}, {2.6, 13},
-    {2.8, 12}, {3.0, 10}, {3.2, 9},  {3.4, 8},  {3.6, 7},  {3.8, 6},
-};
-
-TEST_F(PlayerShipHeadingTest, hasTheseStartPhases) {
-    for (const Phase& start : startPhases) {
-        EXPECT_EQ(phaseOf(start.direction), start.phase) << start.direction;
-    }
-}
-
 const Phase farPhases[] = {
     // Exactly along the axes, a ship has the phase next to the one that is drawn along the axis.
     {headingLeft, 1},
@@ -127,35 +114,6 @@ TEST_F(PlayerShipHeadingTest, hasAPhaseAtEveryHeadingNearTheLastBorder) {
             EXPECT_THAT(phaseOf(direction), testing::AnyOf(0, 35)) << turn << ", " << i;
             direction = std::nextafter(direction, 1000.0);
         }
-    }
-}
-
-struct Touch {
-    const char* what;
-    SDL_Rect rect;
-    bool collides;
-};
-
-// Against the hit box 400, 330, 100 x 40.
-const Touch touches[] = {
-    {"inside", {440, 340, 20, 20}, true},
-    {"around", {0, 0, 1300, 1300}, true},
-    {"touching above", {440, 310, 20, 20}, false},
-    {"one row", {440, 311, 20, 20}, true},
-    {"touching below", {440, 370, 20, 20}, false},
-    {"the last row", {440, 369, 20, 20}, true},
-    {"touching at the left", {380, 340, 20, 20}, false},
-    {"the first column", {381, 340, 20, 20}, true},
-    {"touching at the right", {500, 340, 20, 20}, false},
-    {"the last column", {499, 340, 20, 20}, true},
-    {"in the ship's square above the box", {440, 300, 20, 30}, false},
-    {"a corner of the ship's square", {400, 300, 20, 20}, false},
-};
-
-TEST_F(PlayerShipHeadingTest, collidesWithWhatOverlapsTheHitBox) {
-    place(ship1, 400, 300, 4.82);
-    for (const Touch& touch : touches) {
-        EXPECT_EQ(ship1->collidesWith(touch.rect), touch.collides) << touch.what;
     }
 }
 

@@ -13,46 +13,6 @@ namespace {
 
 class PlayerShipMovementTest : public DuelTest {};
 
-struct Step {
-    double direction;
-    double velocity;
-    int dx;
-    int dy;
-};
-
-const Step steps[] = {
-    {headingDown, 6, 0, 6},
-    {headingRight, 6, 6, 0},
-    {headingUp, 5, 0, -5},
-    {headingLeft, 5, -5, 0},
-    // Diagonally: 4.24 and 3.54, towards zero on either side.
-    {headingDownRight, 6, 4, 4},
-    {headingUpLeft, 6, -4, -4},
-    {headingDownRight, 5, 3, 3},
-    {headingUpLeft, 5, -3, -3},
-    // Slowly, and a little off the axis.
-    {headingDown, 0.5, 0, 0},
-    {headingDown, 1.5, 0, 1},
-    {0.1, 1, 0, 0},
-    {0.2, 6, 1, 5},
-};
-
-TEST_F(PlayerShipMovementTest, goesWholePixelsTowardsZero) {
-    for (const Step& step : steps) {
-        place(ship1, 600, 600, step.direction, step.velocity);
-        ship1->move();
-        EXPECT_THAT(ship1->rect, isRect(600 + step.dx, 600 + step.dy, 100, 100))
-            << step.direction << " at " << step.velocity;
-    }
-}
-
-TEST_F(PlayerShipMovementTest, keepsHeadingAndSpeed) {
-    place(ship1, 600, 600, 1.1, 4.5);
-    ship1->move();
-    EXPECT_EQ(ship1->direction, 1.1);
-    EXPECT_EQ(ship1->velocity, 4.5);
-}
-
 TEST_F(PlayerShipMovementTest, neverMakesUpForDroppedFractions) {
     place(ship2, 600, 600, headingDownRight, 5);
     for (int frame = 0; frame < 100; ++frame) {
@@ -64,60 +24,6 @@ TEST_F(PlayerShipMovementTest, neverMakesUpForDroppedFractions) {
         ship2->move();
     }
     EXPECT_THAT(ship2->rect, isAt(600, 600));
-}
-
-TEST_F(PlayerShipMovementTest, sails36PixelsWhilePlayer1Accelerates) {
-    place(ship1, 600, 600);
-    press(SDLK_w);
-    play(12);
-    EXPECT_EQ(ship1->velocity, 6);
-    EXPECT_THAT(ship1->rect, isAt(600, 636));
-}
-
-TEST_F(PlayerShipMovementTest, sails25PixelsWhilePlayer2Accelerates) {
-    place(ship2, 600, 600);
-    press(SDLK_UP);
-    play(10);
-    EXPECT_EQ(ship2->velocity, 5);
-    EXPECT_THAT(ship2->rect, isAt(600, 625));
-}
-
-TEST_F(PlayerShipMovementTest, coastsForAnother30Pixels) {
-    place(ship1, 600, 600, headingDown, 6);
-    play(12);
-    EXPECT_EQ(ship1->velocity, 0);
-    EXPECT_THAT(ship1->rect, isAt(600, 630));
-}
-
-// A step of 6 pixels, or of 4 on each axis, near the border of the world.
-struct BorderStep {
-    const char* what;
-    int x;
-    int y;
-    double direction;
-    int endX;
-    int endY;
-};
-
-const BorderStep borderSteps[] = {
-    {"right, to the border", 1194, 600, headingRight, 1200, 600},
-    {"right, past the border", 1195, 600, headingRight, 1200, 600},
-    {"left, past the border", 5, 600, headingLeft, 0, 600},
-    {"down, past the border", 600, 1197, headingDown, 600, 1200},
-    {"up, past the border", 600, 3, headingUp, 600, 0},
-    {"along the right border", 1200, 600, headingDownRight, 1200, 604},
-    {"along the upper border", 600, 0, headingUpLeft, 596, 0},
-    {"into the lower right corner", 1199, 1199, headingDownRight, 1200, 1200},
-    {"into the upper left corner", 1, 1, headingUpLeft, 0, 0},
-};
-
-TEST_F(PlayerShipMovementTest, staysWithinTheWorld) {
-    for (const BorderStep& step : borderSteps) {
-        place(ship1, step.x, step.y, step.direction, 6);
-        ship1->move();
-        EXPECT_THAT(ship1->rect, isRect(step.endX, step.endY, 100, 100)) << step.what;
-        EXPECT_EQ(ship1->velocity, 6) << step.what;
-    }
 }
 
 TEST_F(PlayerShipMovementTest, returnsToTheWorldEvenAtRest) {
@@ -135,13 +41,6 @@ TEST_F(PlayerShipMovementTest, staysWithinTheSurfaceOfTheWorld) {
     place(ship1, 398, 299, headingDownRight, 6);
     ship1->move();
     EXPECT_THAT(ship1->rect, isAt(400, 300));
-}
-
-TEST_F(PlayerShipMovementTest, leavesTheViewportAloneAtRest) {
-    battle->viewport1 = {1, 2, 390, 490};
-    place(ship1, 600, 600);
-    ship1->move();
-    EXPECT_THAT(battle->viewport1, isAt(1, 2));
 }
 
 TEST_F(PlayerShipMovementTest, takesItsViewportAlong) {
@@ -236,24 +135,6 @@ TEST_F(PlayerShipMovementTest, slidesUpAndLeftToo) {
     place(ship1, 400, 400, headingUpLeft, 6);
     ship1->move();
     EXPECT_THAT(ship1->rect, isAt(396, 400));
-}
-
-TEST_F(PlayerShipMovementTest, goesOnSlidingFrameByFrame) {
-    addBarrier({500, 300, 50, 400});
-    place(ship1, 400, 400, headingDownRight, 6);
-    for (int frame = 0; frame < 20; ++frame) {
-        ship1->move();
-    }
-    EXPECT_THAT(ship1->rect, isAt(400, 480));
-    EXPECT_EQ(ship1->velocity, 6);
-}
-
-TEST_F(PlayerShipMovementTest, losesAWholeStepBeforeABarrierAhead) {
-    // Nothing takes it the last pixels: a blocked step is not shortened.
-    addBarrier({503, 300, 50, 400});
-    place(ship1, 400, 400, headingRight, 6);
-    ship1->move();
-    EXPECT_THAT(ship1->rect, isAt(400, 400));
 }
 
 TEST_F(PlayerShipMovementTest, slidesWithTheStepThatTheBorderHasLeft) {

@@ -102,13 +102,6 @@ TEST_F(PlayerShipTest, isRelocatedToEveryPlaceOfTheGridAndNoOther) {
     }
 }
 
-TEST_F(PlayerShipTest, isRelocatedClearOfBarriers) {
-    addBarrier({0, 0, 700, 1300});
-    addBarrier({0, 0, 1300, 700});
-    ship1->relocate();
-    EXPECT_THAT(ship1->rect, isRect(700, 700, 100, 100));
-}
-
 TEST_F(PlayerShipTest, picksBothCoordinatesAgainWhereABarrierStands) {
     // Seed 1 gives 200, 500, then 300, 600, then 200, 400.
     addBarrier({299, 599, 2, 2});
@@ -132,17 +125,6 @@ TEST_F(PlayerShipTest, mayBeRelocatedOntoTheOtherShip) {
     srandom(1);
     ship1->relocate();
     EXPECT_THAT(ship1->rect, isAt(200, 500));
-}
-
-TEST_F(PlayerShipTest, keepsEverythingButItsPlaceWhenItIsRelocated) {
-    place(ship1, 900, 900, 1.5, 4);
-    ship1->reloading = 10;
-    ship1->relocate();
-    EXPECT_EQ(ship1->direction, 1.5);
-    EXPECT_EQ(ship1->velocity, 4);
-    EXPECT_EQ(ship1->reloading, 10);
-    EXPECT_EQ(ship1->teleportCounter, 3);
-    EXPECT_EQ(ship1->teleportRecharge, 0);
 }
 
 TEST_F(PlayerShipTest, loadsOnTheScaleOfTheReload) {
@@ -195,16 +177,6 @@ TEST_F(PlayerShipTest, asksForTheGameOverScreenAgainWhenHitAfterSinking) {
     ship1->wasHit();
     EXPECT_EQ(ship1->hp, 0);
     EXPECT_NE(newProgramMode, nullptr);
-}
-
-TEST_F(PlayerShipTest, laterSinkingReplacesTheEarlierOne) {
-    ship1->hp = 5;
-    ship2->hp = 5;
-    ship2->wasHit();
-    const std::unique_ptr<ProgramMode> earlier(newProgramMode);
-    ship1->wasHit();
-    ASSERT_NE(newProgramMode, earlier.get());
-    EXPECT_EQ(dynamic_cast<GameOver&>(*newProgramMode).defeatedPlayer, 1);
 }
 
 } // namespace
