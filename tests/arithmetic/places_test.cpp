@@ -155,21 +155,6 @@ TEST_F(PlacesTest, barriersNeverOverlapInAnyWorld) {
     EXPECT_EQ(pixels, worlds * (220L * 180 + 3 * 130 * 100 + 9 * 60 * 60));
 }
 
-TEST_F(PlacesTest, shipsReachEachOfTheFortyNinePlaces) {
-    const WithoutDrawing quick;
-    std::set<std::pair<int, int>> places;
-    srandom(3);
-    GameHandler battle;
-    battle.barriers.clear();
-    for (int i = 0; i < 2000; ++i) {
-        battle.ship1->relocate();
-        places.emplace(battle.ship1->rect.x, battle.ship1->rect.y);
-    }
-    EXPECT_EQ(places.size(), 49U);
-    EXPECT_EQ(*places.begin(), std::make_pair(100, 100));
-    EXPECT_EQ(*places.rbegin(), std::make_pair(700, 700));
-}
-
 // The number of rows is that of the columns, so a tall tile has rows that begin below the sea. Only
 // a tile without any width or height left is not blitted at all.
 TEST_F(PlacesTest, everyTileWithAWidthAndAHeightIsBlitted) {

@@ -49,18 +49,6 @@ TEST_F(BarrierTest, takesThePictureOfItsTypeFromThePool) {
     }
 }
 
-TEST_F(BarrierTest, isAsLargeAsItsPicture) {
-    const Barrier* island = build(0);
-    EXPECT_EQ(island->rect.w, 220);
-    EXPECT_EQ(island->rect.h, 180);
-    const Barrier* reef = build(1);
-    EXPECT_EQ(reef->rect.w, 130);
-    EXPECT_EQ(reef->rect.h, 100);
-    const Barrier* rock = build(2);
-    EXPECT_EQ(rock->rect.w, 60);
-    EXPECT_EQ(rock->rect.h, 60);
-}
-
 TEST_F(BarrierTest, joinsTheBarriersOfTheBattleButNotItsObjects) {
     Barrier* first = build(0);
     Barrier* second = build(2);
@@ -93,11 +81,6 @@ TEST_F(BarrierTest, leavesTheLastColumnAndRowFree) {
     }
     EXPECT_THAT(columns, testing::ElementsAre(0, 1));
     EXPECT_THAT(rows, testing::ElementsAre(0, 1, 2));
-}
-
-TEST_F(BarrierTest, hasOnePlaceInAWorldOnePixelLargerThanItself) {
-    setWorldSize(61, 61);
-    EXPECT_THAT(build(2)->rect, isRect(0, 0, 60, 60));
 }
 
 TEST_F(BarrierTest, picksAgainWhereAnEarlierBarrierStands) {
@@ -150,22 +133,13 @@ TEST_F(BarrierTest, neverFindsAPlaceOnceItIsListed) {
         testing::KilledBySignal(SIGKILL), "");
 }
 
-TEST_F(BarrierTest, drawsItsWholePictureAtItsPlace) {
-    Barrier* barrier = build(1);
-    barrier->rect = {700, 800, 130, 100};
-    fillAll(battle->world, waterColour);
-    barrier->update(battle->world);
-    EXPECT_EQ(firstOther(battle->world, {700, 800, 130, 100}, barrierColours[1]), "");
-    EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300 - 130 * 100);
-    EXPECT_THAT(barrier->rect, isRect(700, 800, 130, 100));
-}
-
-TEST_F(BarrierTest, drawsItsPictureWhateverTheSizeOfItsRectangle) {
+TEST_F(BarrierTest, drawsItsWholePictureAtItsPlaceWhateverTheSizeOfItsRectangle) {
     Barrier* barrier = build(1);
     barrier->rect = {700, 800, 0, 0};
     fillAll(battle->world, waterColour);
     barrier->update(battle->world);
-    EXPECT_EQ(countOf(battle->world, barrierColours[1]), 130 * 100);
+    EXPECT_EQ(firstOther(battle->world, {700, 800, 130, 100}, barrierColours[1]), "");
+    EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300 - 130 * 100);
     EXPECT_THAT(barrier->rect, isRect(700, 800, 130, 100));
 }
 
@@ -184,44 +158,6 @@ TEST_F(BarrierTest, drawsOntoTheGivenSurface) {
     barrier->update(canvas.get());
     EXPECT_EQ(countOf(canvas.get(), barrierColours[2]), 60 * 60);
     EXPECT_EQ(firstOther(battle->world, {0, 0, 1300, 1300}, waterColour), "");
-}
-
-TEST_F(BarrierTest, letsTheWaterShowThroughItsPicture) {
-    SDL_Surface* picture = imagePool["prekazka3.png"];
-    fill(picture, {0, 0, 60, 60}, {0, 0, 0, 0});
-    fill(picture, {0, 0, 60, 20}, {200, 100, 50, 128});
-    fill(picture, {0, 0, 60, 10}, {200, 100, 50, 255});
-    Barrier* barrier = build(2);
-    barrier->rect = {10, 10, 60, 60};
-    fillAll(battle->world, waterColour);
-    barrier->update(battle->world);
-    EXPECT_EQ(pixel(battle->world, 40, 15), (Colour{200, 100, 50}));
-    EXPECT_THAT(pixel(battle->world, 40, 25), isNear(Colour{105, 60, 125}, 2));
-    EXPECT_EQ(pixel(battle->world, 40, 50), waterColour);
-}
-
-TEST_F(BarrierTest, staysWhereItIsThroughTheBattle) {
-    addBarrier({500, 600, 70, 80});
-    play(10);
-    EXPECT_THAT(battle->barriers[0]->rect, isRect(500, 600, 70, 80));
-}
-
-TEST_F(BarrierTest, isSeenInAViewport) {
-    addBarrier({500, 600, 70, 80});
-    battle->viewport1 = {400, 500, 390, 490};
-    play(1);
-    EXPECT_EQ(firstOther(screen, {105, 105, 70, 80}, barrierColours[0]), "");
-    EXPECT_EQ(pixel(screen, 104, 105), waterColour);
-    EXPECT_EQ(pixel(screen, 175, 105), waterColour);
-}
-
-TEST_F(BarrierTest, leavesItsPictureInThePool) {
-    SDL_Surface* picture = imagePool["prekazka1.png"];
-    delete new Barrier(battle.get(), 0);
-    battle->barriers.clear();
-    EXPECT_EQ(imagePool["prekazka1.png"], picture);
-    EXPECT_EQ(picture->refcount, 1);
-    EXPECT_EQ(pixel(picture, 219, 179), barrierColours[0]);
 }
 
 } // namespace

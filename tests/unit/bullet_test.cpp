@@ -3,10 +3,7 @@
 
 #include "bullet.h"
 
-#include <memory>
-
 #include "duel.h"
-#include "gameover.h"
 #include "main.h"
 #include "pictures.h"
 #include "rects.h"
@@ -64,17 +61,6 @@ TEST_F(BulletTest, takesEveryOtherPlayerForPlayer2) {
     EXPECT_EQ(fresh.otherPlayerShip, ship1);
 }
 
-TEST_F(BulletTest, learnsItsShipAndItsTarget) {
-    Bullet first(battle.get(), 1);
-    first.shipsWereInitialized();
-    EXPECT_EQ(first.myPlayerShip, ship1);
-    EXPECT_EQ(first.otherPlayerShip, ship2);
-    Bullet second(battle.get(), 2);
-    second.shipsWereInitialized();
-    EXPECT_EQ(second.myPlayerShip, ship2);
-    EXPECT_EQ(second.otherPlayerShip, ship1);
-}
-
 TEST_F(BulletTest, takesOnlyPlacesAndStepsWhenLaunched) {
     ball1->velocity = {0, 0, 8, 9};
     ball1->show({300, 400, 1, 2}, {-3, 5, 6, 7});
@@ -87,15 +73,6 @@ TEST_F(BulletTest, takesTheSizeOfTheBallWhenLaunched) {
     ball1->size = {0, 0, 31, 32};
     ball1->show({300, 400, 1, 2}, {0, 0, 0, 0});
     EXPECT_THAT(ball1->pos, isRect(300, 400, 31, 32));
-}
-
-TEST_F(BulletTest, restartsInFlight) {
-    ball1->show({300, 400, 20, 20}, {6, 0, 0, 0});
-    fly(ball1);
-    ball1->show({700, 800, 20, 20}, {0, -6, 0, 0});
-    EXPECT_TRUE(ball1->visible);
-    fly(ball1);
-    EXPECT_THAT(ball1->pos, isAt(700, 794));
 }
 
 TEST_F(BulletTest, testsNothingWhenLaunched) {
@@ -125,29 +102,11 @@ TEST_F(BulletTest, fliesStraightByTheSameStepsForEver) {
     EXPECT_TRUE(ball1->visible);
 }
 
-TEST_F(BulletTest, staysWhereItIsWithoutAStep) {
-    ball1->show({300, 400, 20, 20}, {0, 0, 0, 0});
-    fly(ball1);
-    fly(ball1);
-    EXPECT_THAT(ball1->pos, isAt(300, 400));
-    EXPECT_TRUE(ball1->visible);
-}
-
 TEST_F(BulletTest, drawsItsPictureWhereItHasMovedTo) {
     ball1->show({300, 400, 20, 20}, {5, -3, 0, 0});
     fly(ball1);
     EXPECT_EQ(firstOther(battle->world, {305, 397, 20, 20}, ballColour), "");
     EXPECT_EQ(countOf(battle->world, ballColour), 20 * 20);
-}
-
-TEST_F(BulletTest, letsTheWaterShowThroughItsPicture) {
-    fill(imagePool["cball.png"], {0, 0, 10, 20}, {250, 240, 0, 0});
-    fill(imagePool["cball.png"], {5, 0, 5, 20}, {210, 100, 40, 128});
-    ball1->show({300, 400, 20, 20}, {0, 0, 0, 0});
-    fly(ball1);
-    EXPECT_EQ(pixel(battle->world, 302, 410), waterColour);
-    EXPECT_THAT(pixel(battle->world, 307, 410), isNear(Colour{110, 60, 120}, 2));
-    EXPECT_EQ(pixel(battle->world, 315, 410), ballColour);
 }
 
 // A flight of one frame near the border of the world.
@@ -179,13 +138,6 @@ TEST_F(BulletTest, restsWhenItsCornerLeavesTheWorld) {
         EXPECT_EQ(ball1->visible, border.staysInFlight);
         EXPECT_EQ(countOf(battle->world, ballColour) > 0, border.staysInFlight);
     }
-}
-
-TEST_F(BulletTest, keepsThePlaceWhereItLeftTheWorld) {
-    ball1->show({1294, 600, 20, 20}, {6, 2, 0, 0});
-    fly(ball1);
-    fly(ball1);
-    EXPECT_THAT(ball1->pos, isRect(1300, 602, 20, 20));
 }
 
 TEST_F(BulletTest, leavesTheWorldOfTheBattleWhateverItIsDrawnOnto) {
@@ -220,15 +172,6 @@ TEST_F(BulletTest, isNotDrawnInTheFrameOfTheHit) {
     fly(ball1);
     EXPECT_EQ(countOf(battle->world, waterColour), 1300 * 1300);
     EXPECT_THAT(ball1->pos, isRect(1036, 1030, 20, 20));
-}
-
-TEST_F(BulletTest, hitsOncePerFlight) {
-    ball1->show({1030, 1030, 20, 20}, {1, 0, 0, 0});
-    for (int frame = 0; frame < 10; ++frame) {
-        fly(ball1);
-    }
-    EXPECT_EQ(ship2->hp, 45);
-    EXPECT_THAT(ball1->pos, isAt(1031, 1030));
 }
 
 TEST_F(BulletTest, hitsTheHitBoxAndNotTheWholeShip) {
@@ -325,25 +268,6 @@ TEST_F(BulletTest, missesWithThePartThatWasCut) {
     ball1->velocity = {0, 0, 0, 0};
     fly(ball1);
     EXPECT_FALSE(ball1->visible) << "drawn whole, it reaches to y 1244";
-}
-
-TEST_F(BulletTest, hasTheSizeOfTheBallWhenLaunchedAgain) {
-    ball1->show({1295, 1295, 0, 0}, {0, 0, 0, 0});
-    fly(ball1);
-    ball1->show({600, 600, 0, 0}, {0, 0, 0, 0});
-    EXPECT_THAT(ball1->pos, isRect(600, 600, 20, 20));
-}
-
-TEST_F(BulletTest, leavesItsPictureInThePool) {
-    SDL_Surface* picture = imagePool["cball.png"];
-    {
-        Bullet fresh(battle.get(), 1);
-        fresh.shipsWereInitialized();
-        fresh.show({500, 500, 20, 20}, {0, 0, 0, 0});
-        fly(&fresh);
-    }
-    EXPECT_EQ(picture->refcount, 1);
-    EXPECT_EQ(pixel(picture, 19, 19), ballColour);
 }
 
 } // namespace

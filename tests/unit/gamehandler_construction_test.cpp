@@ -44,37 +44,12 @@ TEST_F(GameHandlerConstructionTest, buildsBarriersThenCannonballsThenShips) {
     EXPECT_EQ(battle.objects[16], battle.ship2);
 }
 
-TEST_F(GameHandlerConstructionTest, givesEachPlayerAShipAndACannonball) {
-    GameHandler battle;
-    EXPECT_EQ(battle.ship1->playerId, 1);
-    EXPECT_EQ(battle.ship2->playerId, 2);
-    EXPECT_EQ(battle.bullet1->playerId, 1);
-    EXPECT_EQ(battle.bullet2->playerId, 2);
-    EXPECT_EQ(battle.ship1->handler, &battle);
-    EXPECT_EQ(battle.bullet2->handler, &battle);
-}
-
 TEST_F(GameHandlerConstructionTest, tellsTheCannonballsTheirShips) {
     GameHandler battle;
     EXPECT_EQ(battle.bullet1->myPlayerShip, battle.ship1);
     EXPECT_EQ(battle.bullet1->otherPlayerShip, battle.ship2);
     EXPECT_EQ(battle.bullet2->myPlayerShip, battle.ship2);
     EXPECT_EQ(battle.bullet2->otherPlayerShip, battle.ship1);
-}
-
-TEST_F(GameHandlerConstructionTest, makesPlayer2sCannonballTheFasterOne) {
-    GameHandler battle;
-    EXPECT_EQ(battle.shipType1, 0);
-    EXPECT_EQ(battle.shipType2, 1);
-    EXPECT_EQ(battle.bullet1->speed, 6);
-    EXPECT_EQ(battle.bullet2->speed, 7);
-}
-
-TEST_F(GameHandlerConstructionTest, measuresTheViewports) {
-    GameHandler battle;
-    EXPECT_THAT(battle.viewportSize, isRect(0, 0, 390, 490));
-    EXPECT_THAT(battle.viewport1Pos, isAt(5, 5));
-    EXPECT_THAT(battle.viewport2Pos, isAt(405, 5));
 }
 
 TEST_F(GameHandlerConstructionTest, makesAWorldOf1300PixelsInTheFormatOfTheDisplay) {

@@ -167,13 +167,6 @@ TEST_F(GameHandlerFrameTest, drawsShipsOverCannonballsOverBarriers) {
     EXPECT_EQ(pixel(battle->world, 449, 449), shipFrameColour(10));
 }
 
-TEST_F(GameHandlerFrameTest, drawsShipsOverCannonball2) {
-    ball2->show({1040, 1040, 20, 20}, {0, 0, 0, 0});
-    play(1);
-    EXPECT_TRUE(ball2->visible);
-    EXPECT_EQ(countOf(battle->world, ballColour), 0);
-}
-
 TEST_F(GameHandlerFrameTest, drawsAShipWhereItHasMovedTo) {
     place(ship1, 600, 600, headingRight, 6);
     press(SDLK_w);
@@ -185,40 +178,6 @@ TEST_F(GameHandlerFrameTest, drawsAShipWhereItHasMovedTo) {
     // The viewport went with it, so the ship stays in its middle.
     EXPECT_EQ(pixel(screen, 5 + 145, 5 + 195), shipFrameColour(19));
     EXPECT_EQ(pixel(screen, 5 + 144, 5 + 195), waterColour);
-}
-
-TEST_F(GameHandlerFrameTest, movesCannonballsBeforeTheShipsLaunchThem) {
-    press(SDLK_TAB);
-    play(1);
-    EXPECT_TRUE(ball1->visible);
-    EXPECT_THAT(ball1->pos, isAt(140, 140));
-    play(1);
-    EXPECT_THAT(ball1->pos, isAt(140, 146));
-}
-
-TEST_F(GameHandlerFrameTest, hitsShipsWhereTheyLayBeforeTheyMove) {
-    place(ship2, 600, 600, headingRight, 5);
-    press(SDLK_UP);
-    // Heading right, the hit box starts at x 603; a frame later it would start at 608.
-    ball1->show({580, 640, 20, 20}, {4, 0, 0, 0});
-    play(1);
-    EXPECT_EQ(ship2->hp, 45);
-    EXPECT_THAT(ship2->rect, isAt(605, 600));
-}
-
-TEST_F(GameHandlerFrameTest, movesShip1BeforeShip2) {
-    // Ship 2 fires at where ship 1 lies after its own move of this frame.
-    place(ship1, 494, 400, headingRight, 6);
-    place(ship2, 400, 400);
-    press(SDLK_w);
-    press(SDLK_RETURN);
-    std::vector<int> places;
-    battle->objects.insert(battle->objects.end() - 1, new Probe([&](SDL_Surface*) {
-                               places = {ship1->rect.x, ship2->reloading};
-                           }));
-    play(1);
-    EXPECT_THAT(places, testing::ElementsAre(500, 0));
-    EXPECT_GT(ship2->reloading, 0);
 }
 
 // Keeps the mode requested so far, because a later request of the frame replaces it.
