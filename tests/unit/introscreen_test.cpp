@@ -13,7 +13,6 @@
 #include "main.h"
 #include "mainmenu.h"
 #include "menu.h"
-#include "music.h"
 #include "pictures.h"
 
 namespace {
@@ -104,15 +103,6 @@ TEST_F(IntroScreenTest, cleansNothingUp) {
     EXPECT_EQ(newProgramMode, nullptr);
 }
 
-TEST_F(IntroScreenTest, leavesTheMusicAlone) {
-    haveSound = true;
-    Music::play(2);
-    for (int f : {0, 180, 360, 540, 600}) {
-        updateAt(f);
-    }
-    EXPECT_EQ(Music::current(), 2);
-}
-
 // The pictures.
 
 TEST_F(IntroScreenTest, putsTheMakersLogoInTheMiddleOfBlack) {
@@ -125,31 +115,6 @@ TEST_F(IntroScreenTest, putsThePresentsPictureInTheMiddleOfBlack) {
     updateAt(0);
     updateAt(180);
     expectPicture(intro->buf, {199, 224, 401, 151}, presentsColour, black);
-}
-
-TEST_F(IntroScreenTest, showsBlackThroughClearParts) {
-    fill(imagePool["brannoc4f.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
-    fill(imagePool["presentsscreen1.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
-    fillAll(intro->buf, red);
-    updateAt(0);
-    EXPECT_EQ(pixel(intro->buf, 255, 205), black);
-    fillAll(intro->buf, red);
-    updateAt(180);
-    EXPECT_EQ(pixel(intro->buf, 205, 230), black);
-}
-
-TEST_F(IntroScreenTest, cutsPicturesLargerThanTheDisplayOnAllSides) {
-    const struct {
-        const char* filename;
-        int frame;
-    } pictures[] = {{"brannoc4f.png", 0}, {"presentsscreen1.png", 180}};
-    for (const auto& picture : pictures) {
-        SCOPED_TRACE(picture.filename);
-        SDL_Surface* large = replacePicture(picture.filename, 803, 605, blue);
-        fill(large, {1, 2, 1, 1}, red); // -3 / 2 is -1, -5 / 2 is -2
-        updateAt(picture.frame);
-        expectPicture(intro->buf, {0, 0, 1, 1}, red, blue);
-    }
 }
 
 TEST_F(IntroScreenTest, composesTheTitleFromBackgroundAndLogo) {
@@ -165,21 +130,6 @@ TEST_F(IntroScreenTest, cutsALogoWiderThanTheDisplayOnBothSides) {
     expectPicture(intro->buf, {0, 0, 1, 600}, red, logoColour);
 }
 
-TEST_F(IntroScreenTest, showsTheBackgroundThroughClearPartsOfTheLogo) {
-    fill(imagePool["logo.png"], {0, 0, 500, 150}, {255, 0, 0, 0});
-    updateAt(360);
-    expectPicture(intro->buf, {0, 0, 1, 1}, backgroundColour, backgroundColour);
-}
-
-TEST_F(IntroScreenTest, doesNotBlackenThePictureBeforeTheTitle) {
-    replacePicture("pozadie-lode3.png", 800, 400, backgroundColour);
-    updateAt(180);
-    fillAll(intro->buf, red);
-    updateAt(360);
-    EXPECT_EQ(pixel(intro->buf, 10, 399), backgroundColour);
-    EXPECT_EQ(pixel(intro->buf, 10, 400), red);
-}
-
 TEST_F(IntroScreenTest, composesOnlyAtTheStartOfAPhase) {
     updateAt(0);
     fillAll(intro->buf, red);
@@ -192,19 +142,6 @@ TEST_F(IntroScreenTest, composesOnlyAtTheStartOfAPhase) {
 
 // The fades.
 
-TEST_F(IntroScreenTest, changesNothingYetAtTheStartOfAPhase) {
-    for (int f : {0, 180, 360}) {
-        SCOPED_TRACE(f);
-        fillAll(screen, blue);
-        fill(screen, {100, 100, 500, 300}, red);
-        OwnedSurface before = copyOf(screen);
-        const FlipWatch watch;
-        updateAt(f);
-        EXPECT_EQ(watch.count, 1);
-        EXPECT_EQ(difference(before.get(), screen), "");
-    }
-}
-
 TEST_F(IntroScreenTest, flipsEachFrameOnceItIsBlended) {
     updateAt(0);
     fillAll(screen, white);
@@ -214,17 +151,6 @@ TEST_F(IntroScreenTest, flipsEachFrameOnceItIsBlended) {
     ASSERT_EQ(watch.count, 1);
     EXPECT_THAT(pixel(flipped.get(), 0, 0), isNear(Colour{128, 128, 128}, 2));
     EXPECT_EQ(difference(flipped.get(), screen), "");
-}
-
-TEST_F(IntroScreenTest, flipsOnceInEachOfItsFadeFramesAndTwiceAtTheEnd) {
-    drawNowhere();
-    const FlipWatch watch;
-    for (int f = 0; f <= 600; ++f) {
-        const int before = watch.count;
-        intro->update();
-        EXPECT_EQ(watch.count - before, f < 540 ? 1 : f == 540 ? 2 : 0) << "in frame " << f;
-    }
-    EXPECT_EQ(watch.count, 542);
 }
 
 // A place on the display, and what the three pictures of the intro have there.
@@ -316,19 +242,6 @@ TEST_F(IntroScreenTest, composesTheTitleAgainAtItsEnd) {
     EXPECT_EQ(shown, (std::vector<Colour>{blue, logoColour}));
 }
 
-TEST_F(IntroScreenTest, drawsNothingWhileTheTitleStays) {
-    updateAt(540);
-    fillAll(screen, red);
-    OwnedSurface before = copyOf(screen);
-    const FlipWatch watch;
-    for (int f = 541; f <= 600; ++f) {
-        intro->update();
-        ASSERT_EQ(pixel(screen, 400, 100), red) << "in frame " << f;
-    }
-    EXPECT_EQ(watch.count, 0);
-    EXPECT_EQ(difference(before.get(), screen), "");
-}
-
 // The end.
 
 TEST_F(IntroScreenTest, asksForTheMenuInItsUpdate601) {
@@ -346,19 +259,6 @@ TEST_F(IntroScreenTest, asksForTheMenuOnlyOnce) {
     newProgramMode = nullptr;
     updateTimes(60);
     EXPECT_EQ(newProgramMode, nullptr);
-}
-
-TEST_F(IntroScreenTest, endsWithThePictureThatTheMenuContinues) {
-    updateAt(360);
-    updateAt(540);
-    OwnedSurface last = copyOf(screen);
-    menu->activate();
-    OwnedSurface first = copyOf(screen);
-    EXPECT_EQ(pixel(first.get(), 260, 160), panelColour);
-    for (SDL_Surface* picture : {last.get(), first.get()}) {
-        fill(picture, {250, 150, 300, 440}, black); // all that the panel and the buttons cover
-    }
-    EXPECT_EQ(difference(last.get(), first.get()), "");
 }
 
 TEST_F(IntroScreenTest, isSkippedByTheReleaseOfEveryMouseButton) {
@@ -397,15 +297,6 @@ TEST_F(IntroScreenTest, stillDrawsTheFrameInWhichItIsSkipped) {
     EXPECT_EQ(watch.count, 1);
     EXPECT_EQ(intro->frameCounter, 91);
     EXPECT_EQ(pixel(screen, 400, 300).g, 128);
-}
-
-TEST_F(IntroScreenTest, keepsTheLatestOfTwoSkips) {
-    sendToIntro(keyDown(SDLK_SPACE));
-    ProgramMode* first = newProgramMode;
-    sendToIntro(mouseUp(SDL_BUTTON_RIGHT));
-    EXPECT_TRUE(requestsMenu());
-    ASSERT_NE(newProgramMode, first);
-    delete first;
 }
 
 TEST_F(IntroScreenTest, replacesASkipInItsLastFrameByItsOwnRequest) {

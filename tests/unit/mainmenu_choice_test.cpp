@@ -68,12 +68,6 @@ TEST_F(MainMenuChoiceTest, onlyFocusesTheTopButtonAtFirst) {
     }
 }
 
-TEST_F(MainMenuChoiceTest, startsNothingWhenTheKeyThatGaveTheFirstFocusIsReleased) {
-    press(SDLK_RETURN);
-    release(SDLK_RETURN);
-    EXPECT_EQ(newProgramMode, nullptr);
-}
-
 TEST_F(MainMenuChoiceTest, startsABattleOnTheSecondReturn) {
     press(SDLK_RETURN);
     release(SDLK_RETURN);
@@ -177,13 +171,6 @@ TEST_F(MainMenuChoiceTest, startsABattleWhenTheChoosingKeyIsReleased) {
     }
 }
 
-TEST_F(MainMenuChoiceTest, startsABattleWithATapShorterThanAFrame) {
-    menu->focusedButton = 0;
-    press(SDLK_SPACE);
-    release(SDLK_SPACE);
-    EXPECT_TRUE(requests<GameHandler>());
-}
-
 TEST_F(MainMenuChoiceTest, ignoresTheReleaseOfOtherKeysWhileItWaits) {
     menu->focusedButton = 0;
     press(SDLK_RETURN);
@@ -262,11 +249,6 @@ TEST_F(MainMenuChoiceTest, startsTheBattleEvenIfTheFocusHasMovedMeanwhile) {
     EXPECT_EQ(menu->focusedButton, 3);
     EXPECT_TRUE(requests<GameHandler>());
     EXPECT_TRUE(running);
-}
-
-TEST_F(MainMenuChoiceTest, ignoresTheReleaseOfAKeyThatItDoesNotWaitFor) {
-    expectIgnored(keyUp(SDLK_RETURN));
-    expectIgnored(keyUp(SDLK_SPACE));
 }
 
 // Ending and ignoring.

@@ -46,11 +46,6 @@ TEST_F(MainMenuFocusTest, movesTheFocusWithTheWheel) {
     EXPECT_EQ(menu->focusedButton, 0);
 }
 
-TEST_F(MainMenuFocusTest, focusesTheBottomButtonWhenTheWheelFirstTurnsUp) {
-    send(mouseUp(SDL_BUTTON_WHEELUP));
-    EXPECT_EQ(menu->focusedButton, 3);
-}
-
 TEST_F(MainMenuFocusTest, redrawsAtOnceWhenTheFocusMoves) {
     fillAll(screen, blue);
     const FlipWatch watch;
@@ -69,24 +64,7 @@ TEST_F(MainMenuFocusTest, waitsForTheFrameWithTheFade) {
     EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
 }
 
-TEST_F(MainMenuFocusTest, startsNothingWhileTheFocusMoves) {
-    for (int i = 0; i < 5; ++i) {
-        press(SDLK_DOWN);
-        press(SDLK_UP);
-        press(SDLK_DOWN);
-        EXPECT_EQ(newProgramMode, nullptr);
-        EXPECT_TRUE(running);
-    }
-}
-
 // The pointer.
-
-TEST_F(MainMenuFocusTest, focusesTheButtonUnderThePointer) {
-    EXPECT_EQ(focusAfter(400, 300), 0);
-    EXPECT_EQ(focusAfter(400, 350), 1);
-    EXPECT_EQ(focusAfter(400, 390), 2);
-    EXPECT_EQ(focusAfter(400, 430), 3);
-}
 
 TEST_F(MainMenuFocusTest, countsTheLeftEdgeOfAButtonButNotTheRightOne) {
     EXPECT_EQ(focusAfter(299, 300), noFocus);
@@ -124,28 +102,6 @@ TEST_F(MainMenuFocusTest, losesTheFocusWhenThePointerLeavesTheButtons) {
         menu->focusedButton = 2;
         EXPECT_EQ(focusAfter(place[0], place[1]), noFocus);
     }
-}
-
-TEST_F(MainMenuFocusTest, takesTheFocusFromTheKeysWhenThePointerMoves) {
-    press(SDLK_UP);
-    EXPECT_EQ(focusAfter(400, 300), 0);
-    press(SDLK_DOWN);
-    EXPECT_EQ(menu->focusedButton, 1);
-}
-
-TEST_F(MainMenuFocusTest, leavesTheDisplayToTheNextFrameWhenThePointerMoves) {
-    const FlipWatch watch;
-    send(mouseMotion(400, 300));
-    send(mouseMotion(0, 0));
-    EXPECT_EQ(watch.count, 0);
-}
-
-TEST_F(MainMenuFocusTest, startsNothingWhenThePointerMoves) {
-    for (int y : {300, 350, 390, 430}) {
-        send(mouseMotion(400, y));
-    }
-    EXPECT_EQ(newProgramMode, nullptr);
-    EXPECT_TRUE(running);
 }
 
 } // namespace

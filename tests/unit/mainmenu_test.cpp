@@ -124,15 +124,6 @@ TEST_F(MainMenuTest, paintsOverWhateverWasThere) {
     EXPECT_EQ(difference(expected.get(), screen), "");
 }
 
-TEST_F(MainMenuTest, drawsTheBackgroundFromTheTopLeftCorner) {
-    SDL_Surface* background = imagePool["pozadie-lode3.png"];
-    fill(background, {0, 0, 1, 1}, red);
-    fill(background, {799, 599, 1, 1}, blue);
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 0, 0), red);
-    EXPECT_EQ(pixel(screen, 799, 599), blue);
-}
-
 TEST_F(MainMenuTest, roundsThePlacesOfOddPicturesDown) {
     replacePicture("logo.png", 501, 77, logoColour);
     replacePicture("menu.png", 303, 440, panelColour);
@@ -162,14 +153,6 @@ TEST_F(MainMenuTest, cutsPicturesWiderThanTheDisplayOnBothSides) {
     EXPECT_EQ(pixel(screen, 799, 160), panelColour);
 }
 
-TEST_F(MainMenuTest, showsTheBackgroundThroughClearParts) {
-    fill(imagePool["logo.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
-    fill(imagePool["menu.png"], {0, 0, 10, 10}, {255, 0, 0, 0});
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 155, 5), backgroundColour);
-    EXPECT_EQ(pixel(screen, 255, 155), backgroundColour);
-}
-
 TEST_F(MainMenuTest, drawsTheButtonsLast) {
     replacePicture("menu.png", 300, 100, panelColour);
     menu->redraw();
@@ -192,14 +175,6 @@ TEST_F(MainMenuTest, drawsEveryButtonAtItsOwnFocusLevel) {
     EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
     EXPECT_EQ(pixel(screen, 400, 340), cellColour(21));
     EXPECT_EQ(pixel(screen, 400, 380), cellColour(9));
-}
-
-// The colour under a clear highlight is the panel's, not the button's.
-TEST_F(MainMenuTest, showsThePanelThroughAClearHighlight) {
-    fill(imagePool["tlacitka.png"], {0, 645, 200, 43}, {255, 255, 255, 0});
-    menu->buttons[0]->focusLevel = 255;
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 400, 300), panelColour);
 }
 
 TEST_F(MainMenuTest, flipsTheFinishedPictureOnce) {
@@ -230,14 +205,6 @@ TEST_F(MainMenuTest, playsTheFirstTrackOnceItsPictureIsShown) {
     EXPECT_EQ(Music::current(), 1);
 }
 
-TEST_F(MainMenuTest, leavesTheMusicAloneAfterActivation) {
-    haveSound = true;
-    Music::play(3);
-    menu->update();
-    menu->redraw();
-    EXPECT_EQ(Music::current(), 3);
-}
-
 TEST_F(MainMenuTest, blackensTheDisplayWithoutAFlip) {
     fillAll(screen, blue);
     OwnedSurface expected(createSurface(800, 600));
@@ -247,27 +214,7 @@ TEST_F(MainMenuTest, blackensTheDisplayWithoutAFlip) {
     EXPECT_EQ(difference(expected.get(), screen), "");
 }
 
-TEST_F(MainMenuTest, blackensOnlyTheClipRectangle) {
-    fillAll(screen, blue);
-    const SDL_Rect clip = {10, 20, 30, 40};
-    SDL_SetClipRect(screen, &clip);
-    menu->cleanUp();
-    EXPECT_EQ(pixel(screen, 10, 20), black);
-    EXPECT_EQ(pixel(screen, 39, 59), black);
-    EXPECT_EQ(pixel(screen, 9, 20), blue);
-    EXPECT_EQ(pixel(screen, 40, 59), blue);
-    EXPECT_EQ(pixel(screen, 39, 60), blue);
-}
-
 // Frames.
-
-TEST_F(MainMenuTest, flipsOncePerFrame) {
-    const FlipWatch watch;
-    menu->update();
-    EXPECT_EQ(watch.count, 1);
-    menu->update();
-    EXPECT_EQ(watch.count, 2);
-}
 
 TEST_F(MainMenuTest, fadesEveryButtonEveryFrame) {
     menu->focusedButton = 1;
@@ -285,15 +232,6 @@ TEST_F(MainMenuTest, showsTheFadeStepOfTheSameFrame) {
     menu->focusedButton = 0;
     menu->update();
     EXPECT_EQ(pixel(screen, 400, 300), cellColour(15));
-}
-
-TEST_F(MainMenuTest, startsAgainWithoutFocusAndHighlight) {
-    menu->focusedButton = 2;
-    menu->update();
-    menu = std::make_unique<MainMenu>();
-    menu->update();
-    EXPECT_EQ(menu->focusedButton, noFocus);
-    EXPECT_EQ(pixel(screen, 400, 380), cellColour(9));
 }
 
 } // namespace

@@ -69,15 +69,6 @@ TEST_P(EveryTextScreenTest, drawsNothingAfterItsActivation) {
     EXPECT_EQ(difference(before.get(), screen), "");
 }
 
-TEST_P(EveryTextScreenTest, blackensOnlyTheClipRectangle) {
-    const SDL_Rect clip = {0, 0, 10, 20};
-    SDL_SetClipRect(screen, &clip);
-    mode->activate();
-    EXPECT_EQ(pixel(screen, 9, 19), black);
-    EXPECT_EQ(pixel(screen, 10, 19), red);
-    EXPECT_EQ(pixel(screen, 9, 20), red);
-}
-
 TEST_P(EveryTextScreenTest, leavesTheMusicAlone) {
     haveSound = true;
     Music::play(2);
@@ -123,15 +114,6 @@ TEST_P(EveryTextScreenTest, keepsTheLatestRequestOfAFrame) {
     mode->event(&escape);
     EXPECT_NE(newProgramMode, first.get());
     EXPECT_TRUE(takeMenuRequest());
-}
-
-TEST(LeavesTextScreenTest, acceptsThreeKeysGoingDownAndTheReleaseOfAnyMouseButton) {
-    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_ESCAPE)));
-    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_RETURN)));
-    EXPECT_TRUE(leavesTextScreen(keyDown(SDLK_SPACE)));
-    EXPECT_TRUE(leavesTextScreen(mouseUp(SDL_BUTTON_WHEELDOWN)));
-    EXPECT_FALSE(leavesTextScreen(keyUp(SDLK_SPACE)));
-    EXPECT_FALSE(leavesTextScreen(keyDown(SDLK_KP_ENTER)));
 }
 
 const Kind kinds[] = {
