@@ -201,14 +201,6 @@ TEST_F(MainLoopTest, deletesTheActiveModeBeforeItShutsDown) {
     EXPECT_EQ(afterwards.back(), "SDL_Quit()");
 }
 
-TEST_F(MainLoopTest, neverUsesTheModesReleaseHook) {
-    auto* b = new RecordingMode("b");
-    a->onUpdate = [&] { newProgramMode = b; };
-    frames.events = {{}, {}, {}, {quit}};
-    run();
-    EXPECT_THAT(ofModes(), ::testing::Not(::testing::Contains(::testing::EndsWith("cleanUp"))));
-}
-
 TEST_F(MainLoopTest, neverDrawsOrFlipsByItself) {
     FlipWatch flips;
     a->onActivate = [&] {

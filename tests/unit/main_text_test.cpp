@@ -9,7 +9,6 @@
 #include <malloc.h>
 
 #include "display.h"
-#include "drawing.h"
 #include "gamedata.h"
 #include "pictures.h"
 #include "rects.h"
@@ -43,8 +42,6 @@ class TextTest : public DisplayTest {
 protected:
     void SetUp() override {
         DisplayTest::SetUp();
-        SDL_ShowCursor(SDL_DISABLE); // one library paints it into the display
-        fillAll(screen, black);      // the other one promises nothing
         ASSERT_EQ(TTF_Init(), 0);
         openFont(29);
     }
@@ -60,15 +57,6 @@ protected:
         ASSERT_NE(papyrusFont, nullptr) << TTF_GetError();
     }
 };
-
-TEST_F(TextTest, isWhite) {
-    simpleText("A", 0);
-    for (int y = 287; y < 307; ++y) {
-        for (int x = 395; x < 405; ++x) {
-            ASSERT_EQ(pixel(screen, x, y), white) << x << ", " << y;
-        }
-    }
-}
 
 struct Line {
     int line;
@@ -155,12 +143,6 @@ TEST_F(TextTest, widerThanTheDisplayIsCutOffOnBothSides) {
 TEST_F(TextTest, farAboveTheMiddleIsCutOffAtTheEdge) {
     simpleText("A", -10);
     EXPECT_THAT(inked(), isRect(395, 0, 10, 7));
-}
-
-TEST_F(TextTest, isNotShownByItself) {
-    FlipWatch flips;
-    simpleText("A", 0);
-    EXPECT_EQ(flips.count, 0);
 }
 
 // A screen of text draws its lines in every frame, for as long as it is left open.
