@@ -23,6 +23,7 @@ from pathlib import Path
 from statistics import mean
 
 from gamerun import KEYS, choose, tap
+from xserver import virtual_display
 
 STARTS = 15
 PLAYED_FRAMES = 400
@@ -130,26 +131,6 @@ class Bench:
         return int(done.stdout.split()[1]) * os.sysconf("SC_PAGESIZE") / 1e6
 
 
-@contextlib.contextmanager
-def virtual_display():
-    """An X server of the game's size and its DISPLAY; None where there is no Xvfb."""
-    if shutil.which("Xvfb") is None:
-        yield None
-        return
-    read, write = os.pipe()
-    server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(write), "-screen", "0", "800x600x24", "-nolisten", "tcp"],
-        pass_fds=[write], stderr=subprocess.DEVNULL)
-    os.close(write)
-    with os.fdopen(read) as pipe:
-        number = pipe.readline().strip()
-    try:
-        yield f":{number}"
-    finally:
-        server.terminate()
-        server.wait()
-
-
 def quantile(values, part):
     values = sorted(values)
     return values[int(part * (len(values) - 1))]
@@ -217,8 +198,10 @@ def report_shares(bench, results):
     pacing = bench.results("pacing", "300")["pacing steps alone"]["median"]
     row("pacing steps alone", pacing, "% of a core")
     results["share"] = {"pacing": pacing}
-    with virtual_display() as number:
-        stages = {"dummy": None} if number is None else {"dummy": None, "Xvfb": number}
+    with contextlib.ExitStack() as stack:
+        stages = {"dummy": None}
+        if shutil.which("Xvfb"):
+            stages["Xvfb"] = stack.enter_context(virtual_display("800x600"))
         for stage, display in stages.items():
             for screen in SCREENS:
                 share = bench.share(screen, display)

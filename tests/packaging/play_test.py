@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 """What ./play says: on systems without apt, and on displays with limits."""
 
-import contextlib
 import os
 import re
 import shutil
@@ -14,6 +13,7 @@ from pathlib import Path
 import pytest
 
 from conftest import PROJECT
+from xserver import virtual_display
 
 PKG_CONFIG_NAMES = "sdl, SDL_image, SDL_ttf and SDL_mixer"
 # What an /etc/os-release says, and what must then be printed.
@@ -75,24 +75,10 @@ def has_sound():
     return any(Path("/dev/snd").glob("pcm*p")) or Path("/dev/dsp").exists()
 
 
-@contextlib.contextmanager
-def display_of(size):
-    """A virtual display; its server chooses the number and says it once it is ready."""
-    # Without -noreset the server would start again, and refuse clients meanwhile, when the first
-    # client has left.
-    with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24", "-noreset",
-                           "-nolisten", "tcp"], stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL) as server:
-        try:
-            yield f":{int(server.stdout.readline())}"
-        finally:
-            server.terminate()
-
-
 def said_on_a_display(size, **changes):
     """What ./play prints on a display of that size; the game is closed again two seconds later."""
     kept = {name: value for name, value in os.environ.items() if name in ("PATH", "HOME", "LANG")}
-    with display_of(size) as display, subprocess.Popen(
+    with virtual_display(size) as display, subprocess.Popen(
             [PROJECT / "play"], env=dict(kept, DISPLAY=display, **changes),
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True) as process:
         # ./play becomes the game, which on a busy machine takes a while.

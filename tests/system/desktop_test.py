@@ -18,6 +18,8 @@ from Xlib import X, XK
 from Xlib.display import Display
 from Xlib.ext import xtest
 
+from xserver import virtual_display
+
 WIDTH, HEIGHT = 1920, 1080
 GAME = (800, 600)
 PATIENCE = 30  # seconds, for anything that is to happen
@@ -32,28 +34,18 @@ LEFT_VIEWPORT = numpy.s_[10:490, 10:390]
 class Desktop:
     """A display with a window manager."""
 
-    def __init__(self, scratch):
-        self.scratch = scratch
-        self.display, self.server, self.manager = None, None, None
-
-    def start(self):
-        scratch = self.scratch
-        read, write = os.pipe()
-        with open(scratch / "server", "wb") as log:
-            self.server = subprocess.Popen(
-                ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
-                 "-nolisten", "tcp"], pass_fds=[write], stderr=log)
-        os.close(write)
-        with os.fdopen(read) as pipe:
-            self.name = ":" + pipe.readline().strip()
-        self.environment = dict(os.environ, DISPLAY=self.name, XDG_CONFIG_HOME=str(scratch),
+    def __init__(self, name, scratch):
+        self.environment = dict(os.environ, DISPLAY=name, XDG_CONFIG_HOME=str(scratch),
                                 XDG_CACHE_HOME=str(scratch), XDG_DATA_HOME=str(scratch))
         self.environment.pop("WAYLAND_DISPLAY", None)
-        self.display = Display(self.name)
+        self.display = Display(name)
         self.root = self.display.screen().root
         with open(scratch / "manager", "wb") as log:
             self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                             stdout=log, stderr=log)
+
+    def show(self):
+        """Waits for the window manager and paints the empty desktop."""
         supporting = self.display.intern_atom("_NET_SUPPORTING_WM_CHECK")
         await_that(lambda: self.root.get_full_property(supporting, X.AnyPropertyType),
                    "the window manager is running")
@@ -103,12 +95,9 @@ class Desktop:
         self.display.sync()
 
     def close(self):
-        if self.display is not None:
-            self.display.close()
-        for process in (self.manager, self.server):
-            if process is not None:
-                process.terminate()
-                process.wait()
+        self.display.close()
+        self.manager.terminate()
+        self.manager.wait()
 
 
 def await_that(condition, what):
@@ -208,12 +197,13 @@ class Game:
 
 @pytest.fixture(name="desktop")
 def make_desktop(tmp_path):
-    desktop = Desktop(tmp_path)
-    try:
-        desktop.start()
-        yield desktop
-    finally:
-        desktop.close()
+    with virtual_display(f"{WIDTH}x{HEIGHT}") as name:
+        desktop = Desktop(name, tmp_path)
+        try:
+            desktop.show()
+            yield desktop
+        finally:
+            desktop.close()
 
 
 @pytest.fixture(name="game")
