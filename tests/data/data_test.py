@@ -1,13 +1,12 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
 """The files in data/ have the layouts on which the game relies."""
-import re
 from pathlib import Path
 
 import numpy
 import pytest
 from fontTools.ttLib import TTFont
-from PIL import Image, ImageDraw, ImageFont
+from PIL import Image, ImageDraw
 
 from smalldata import FILES, PICTURES
 
@@ -321,51 +320,9 @@ def test_barrier_fills_its_rectangle(name):
     assert alpha.mean() > 0.75
 
 
-def mp3_frames(data):
-    """The headers of all frames of an MPEG-2 Layer III file that holds only these and a tag."""
-    bitrates = [0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160]
-    rates = [22050, 24000, 16000]
-    # The tag before the first frame tells its own length in four times seven bits.
-    place = 0
-    if data[:3] == b'ID3':
-        place = 10 + sum(byte << 7 * (3 - k) for k, byte in enumerate(data[6:10]))
-    while place < len(data):
-        header = int.from_bytes(data[place:place + 4], 'big')
-        assert header >> 17 == 0b111111111111001  # sync, MPEG-2, layer III
-        rate = rates[header >> 10 & 3]
-        yield rate, 1 if header >> 6 & 3 == 3 else 2
-        place += 72 * bitrates[header >> 12 & 15] * 1000 // rate + (header >> 9 & 1)
-    # The last frame ends short: the decoder takes the first bytes of the next round for the rest,
-    # and no round ends where a buffer of the mixer does.
-    assert 0 < place - len(data) < 200
-
-
-@pytest.mark.parametrize('track', [1, 2, 3])
-def test_track_has_the_rate_of_the_mixer_and_lasts(track):
-    frames = list(mp3_frames((DATA / f'music{track}.mp3').read_bytes()))
-    assert set(frames) == {(22050, 2)}
-    assert len(frames) * 576 / 22050 >= 120
-
-
-def texts_of_the_game():
-    """Every text that the game writes onto the display."""
-    for source in sorted((ROOT / 'src').glob('*.cpp')):
-        for call in re.findall(r'simpleText\(([^;]*)\);', source.read_text()):
-            yield from re.findall(r'"([^"]*)"', call)
-
-
 def test_typeface_has_every_character():
     characters = set(TTFont(DATA / 'papyrus.ttf').getBestCmap())
     assert characters >= {*range(32, 127), *range(160, 256)}
-    texts = list(texts_of_the_game())
-    assert len(texts) >= 14
-    assert characters >= {ord(character) for text in texts for character in text}
-
-
-def test_every_text_fits_the_display():
-    font = ImageFont.truetype(str(DATA / 'papyrus.ttf'), 29)
-    widths = {text: font.getlength(text) for text in texts_of_the_game()}
-    assert max(widths.values()) <= 780
 
 
 def test_ship_of_the_night_picture_is_a_silhouette_before_the_moon():
