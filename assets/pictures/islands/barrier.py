@@ -9,7 +9,7 @@ from pathlib import Path
 
 import numpy as np
 from PIL import Image
-from scipy.ndimage import distance_transform_edt, gaussian_filter
+from scipy.ndimage import distance_transform_edt, gaussian_filter, shift
 
 from common import povray
 from common.light import SUN, normals
@@ -32,10 +32,10 @@ def write_inputs(g, plants, work):
                                      % '\n'.join(plants))
 
 
-def render(g, work):
+def render(g, work, fill):
     libraries = povray.prepare(work, HERE)
     size = g.shape[::-1]
-    options = {'W': g.w, 'H': g.h, 'Top': g.top}
+    options = {'W': g.w, 'H': g.h, 'Top': g.top, 'Fill': fill}
     land, cast = work / 'land.png', work / 'shadow.png'
     povray.render(HERE / 'barrier.pov', land, size, libraries, True, .2, Shadow=0, **options)
     povray.render(HERE / 'barrier.pov', cast, size, libraries, False, .3, Shadow=1, **options)
@@ -49,18 +49,39 @@ def weather_side(g):
     return np.clip(.5 - .5 * along, 0, 1)
 
 
+def within(g, corner):
+    """How far inside the rectangle a cell lies, whose corners are `corner` round."""
+    qx, qy = np.abs(g.x) - (g.w / 2 - corner), np.abs(g.y) - (g.h / 2 - corner)
+    outside = np.hypot(np.clip(qx, 0, None), np.clip(qy, 0, None))
+    return corner - outside - np.minimum(np.maximum(qx, qy), 0)
+
+
 def fading(g, corner, ragged, low, high):
     """The water's own strength: it dies away inside the rectangle that stops a ship, here soon
     and there late, so that no side of the rectangle shows. It is `corner` round at the corners,
     begins up to `ragged` inside, and takes from `low` to `high` pixels.
     """
-    qx, qy = np.abs(g.x) - (g.w / 2 - corner), np.abs(g.y) - (g.h / 2 - corner)
-    outside = np.hypot(np.clip(qx, 0, None), np.clip(qy, 0, None))
-    inside = corner - outside - np.minimum(np.maximum(qx, qy), 0)
+    inside = within(g, corner)
     broad = g.noise(1.5, 60, 14, 73) + .5 * g.noise(1.2, 14, 5, 74)
     fine = .5 * g.noise(1., 6, 2.5, 75)
     shore = smoothstep(broad, -1.1, 1.3)
     return smoothstep(inside - ragged * shore + fine, 0, low + (high - low) * shore)
+
+
+def mixed(a, b, part):
+    """Two colours of the palette, mixed in linear light: `part` of the second."""
+    part = np.asarray(part, float)[..., None]
+    return linear(a) * (1 - part) + linear(b) * part
+
+
+def open_to_swell(g):
+    """1 where the swell arrives unhindered, 0 close behind what stands in its way."""
+    land = gaussian_filter((g.height > 0).astype(float), .6 * CELLS)
+    broken = np.zeros(g.shape)
+    for step in range(2, 40, 2):
+        behind = shift(land, SWELL[::-1] * step * CELLS, order=1)
+        broken = np.maximum(broken, behind * np.exp(-step / 30))
+    return 1 - np.clip(1.5 * gaussian_filter(broken, 1.5 * CELLS), 0, 1)
 
 
 def beside_sand(g):
@@ -68,51 +89,54 @@ def beside_sand(g):
     if not g.sandy.any():
         return np.zeros(g.shape)
     away = distance_transform_edt(~g.sandy) / CELLS + .8 * g.noise(1.2, 14, 4, 78)
-    return np.exp(-(np.clip(away, 0, None) / 5.5) ** 1.6)
+    return np.exp(-(np.clip(away, 0, None) / 6.5) ** 1.4)
 
 
 def drowned_stone(g):
     """What lies under the water, in its own colours and in the sun."""
-    floor = gaussian_filter(g.height, .5 * CELLS)
-    shade = np.clip((normals(floor * CELLS) * SUN).sum(2) / SUN[2], .45, 1.5)
-    mottled = 1 + .1 * g.noise(1., 6, 1.5, 77)
-    return linear('drowned') * (shade * mottled)[..., None]
+    floor = gaussian_filter(g.height, .7 * CELLS)
+    shade = np.clip((normals(floor * CELLS) * SUN).sum(2) / SUN[2], .5, 1.4)
+    return mixed('drowned', 'lagoon', .45) * shade[..., None]
 
 
-def shelf_water(g, shelf, front):
-    """Shallow water over stone, which shows through it the darker the shallower."""
-    depth = gaussian_filter(np.clip(-g.height, 0, None), .4 * CELLS)
-    d = g.offshore * (1 + .3 * g.noise(1.3, 30, 5, 71)) / shelf
-    colour = linear('lagoon') + (linear('lagoon_pale') - linear('lagoon')) * (
-        (.15 + .45 * front) * np.exp(-d ** 1.4))[..., None]
-    sand = beside_sand(g)
-    colour = colour + (linear('lagoon_pale') - colour) * .8 * sand[..., None]
-    stone = np.exp(-np.clip(depth - .4, 0, None) / 1.6) * .85 * (1 - sand)
+def shelf_water(g, shelf):
+    """Shallow water over stone: clear and pale beside the stones, the colour of the sea where it
+    ends."""
+    wide = g.noise(1.3, 30, 5, 71)
+    d = np.clip(g.offshore + 1.2 * wide * smoothstep(g.offshore, 0, 5), 0, None) / shelf
+    # Towards the rectangle that stops a ship it takes the colour of the sea.
+    middle = smoothstep(within(g, .3 * g.h) + 2 * wide, 0, .18 * g.h)
+    near = np.exp(-d ** 1.3) * (.25 + .75 * middle)
+    colour = mixed('sea', 'lagoon', near)
+    pale = np.maximum(.45 * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * (.3 + .7 * middle)
+    colour = colour + (linear('lagoon_pale') - colour) * pale[..., None]
+    depth = gaussian_filter(np.clip(-g.height, 0, None), .8 * CELLS)
+    stone = np.exp(-np.clip(depth - .3, 0, None) / 1.3) * .6 * (1 - beside_sand(g))
     colour = colour + (drowned_stone(g) - colour) * stone[..., None]
-    clear = np.exp(-(np.clip(d - .2, 0, None) / 1.1) ** 1.6) * .85
-    return layer(colour, np.maximum(clear, .85 * stone))
-
-
-def lace(g):
-    """Foam as it lies on water, up to about 1: threads round holes."""
-    threads = 1 - np.abs(g.noise(1.1, 14, 4, 82)) / 1.1
-    return threads + .15 * g.noise(.8, 5, 1.5, 83)
+    return layer(colour, np.clip(.74 + .24 * near, 0, .95))
 
 
 def breakers(g, surge, front):
-    """Foam: thick where the swell breaks, a thread in the lee, and none here and there."""
-    broad = g.noise(1.2, 22, 6, 81)
-    reach = surge * (.2 + .9 * front ** 1.5) * np.clip(.9 + .75 * broad, .1, 2.6)
-    amount = np.exp(-(g.offshore / np.maximum(reach, .3)) ** 1.5) * (g.offshore > 0)
-    threads = lace(g)
-    foam = smoothstep(amount * 1.15 + .8 * (threads - .62), .25, 1.2)
-    return foam * (1 - .55 * beside_sand(g)) * np.clip(.62 + .36 * threads, .3, 1)
+    """Foam: thick where the swell breaks, a broken thread in the lee."""
+    broad, fine = g.noise(1.2, 22, 6, 81), g.noise(.9, 5, 1.2, 83)
+    threads = 1 - np.abs(g.noise(1.1, 12, 3, 82)) / .9
+    reach = surge * front * np.clip(.85 + .45 * broad, .15, 2.)
+    amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
+    foam = smoothstep(amount + .26 * threads + .12 * fine, .4, .9)
+    line = np.exp(-(g.offshore / .9) ** 2) * np.clip(.35 + .45 * broad + .15 * fine, 0, .7)
+    foam = foam * smoothstep(within(g, .3 * g.h) + 1.6 * broad, .5, 6.5)
+    return np.maximum(foam, line) * (g.offshore > 0) * (1 - .35 * beside_sand(g))
 
 
 def wash(g, front):
     """The last of a wave, running up the low stones on the weather side."""
-    up = np.clip(2.2 * front + .9 * g.noise(1.2, 14, 4, 84) - .9, 0, 2.6)
-    return smoothstep(up - g.inland, 0, 1.2) * (g.inland > 0) * np.clip(.5 + .3 * lace(g), 0, .9)
+    up = np.clip(2.6 * front + .9 * g.noise(1.2, 14, 4, 84) - 1., 0, 2.2)
+    return smoothstep(up - g.inland, 0, 1.2) * (g.inland > 0) * .8
+
+
+def weather(g):
+    """1 on stones that meet the swell, 0 on their lee side and behind other stones."""
+    return open_to_swell(g) * smoothstep(weather_side(g), .25, .7)
 
 
 def lagoon(g, reach, pale, wide, fine):
@@ -149,25 +173,25 @@ def sandy_shallows(g, reach, pale, lines):
 
 def stony_shallows(g, shelf, surge):
     """The water round naked rock."""
-    front = weather_side(g)
-    return over(layer(linear('foam'), breakers(g, surge, front) * .93),
-                shelf_water(g, shelf, front))
+    return over(layer(linear('foam'), breakers(g, surge, weather(g)) * .95),
+                shelf_water(g, shelf))
 
 
-def compose(g, land, light, water, edge):
+def compose(g, land, light, water, edge, dark=.68):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
-    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * .68), water)
+    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * dark), water)
     return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
 
 
-def make(g, plants, work, water, edge, spray=0.):
+def make(g, plants, work, water, edge, spray=0., fill=1., dark=.68):
     """The finished picture; `water` is one of the shallows above, `edge` is for `fading`, `spray`
-    how much of the stones the waves wash over.
+    how much of the stones the waves wash over, `fill` the light in the shade, and `dark` how dark
+    the shadow on the water is.
     """
     write_inputs(g, plants, work)
-    picture = compose(g, *render(g, work), water, edge)
+    picture = compose(g, *render(g, work, fill), water, edge, dark)
     if spray:
-        foam = layer(linear('foam'), spray * wash(g, weather_side(g)))
+        foam = layer(linear('foam'), spray * wash(g, weather(g)))
         picture = over(reduce(foam, CELLS) * picture[..., 3:], picture)
     print('%s: %.0f %% solid' % (work.name, 100 * (picture[..., 3] > .5).mean()))
     return to_image(picture)

@@ -15,28 +15,29 @@ from islands.terrain import Ground, bare_rock
 # The crests, each a line of x, y, height from the middle, with the width of its lit and shaded
 # flank.
 SPINES = (
-    (((-14, 14, 7), (-8, 6, 20), (1, -3, 29), (8, -12, 22), (12, -19, 7)), 14, 12),
-    (((-3, 1, 20), (-12, -2, 13), (-19, -3, 6)), 8, 8),
-    (((3, -3, 24), (11, 4, 15), (17, 10, 6)), 9, 8))
+    (((-17, 17, 8), (-9, 12, 24), (-2, 4, 36), (7, -4, 39), (13, -13, 28), (17, -22, 8)), 13, 10),
+    (((-2, 4, 33), (-10, 0, 22), (-17, -4, 9)), 10, 9),
+    (((7, -4, 36), (1, -11, 24), (-3, -16, 10)), 10, 9),
+    (((-4, 8, 28), (0, 16, 16)), 8, 7),
+    (((8, -5, 34), (18, 2, 22), (26, 7, 6)), 9, 8),
+    (((9, 24, 7), (15, 18, 15), (22, 14, 6)), 7, 6))
 # x, y, radius, height of single stones at its foot.
 RUBBLE = (
-    (-18, 7, 5, 6), (1, 17, 6, 7), (-7, 20, 4.5, 6), (19, -3, 4.5, 6), (9, 19, 4, 5),
-    (-4, -18, 5, 6), (22, 20, 4, 5), (-17, -19, 3.5, 4), (23, 6, 3, 4), (-25, -3, 2.6, 4),
-    (3, -25, 3, 4), (-15, 24, 3, 4), (-12, -14, 4, 5), (22, -18, 3, 4), (-24, 16, 3, 4),
-    (4, 26, 2.4, 4), (-8, -24, 2.4, 4))
+    (-18, -16, 5.5, 7), (-12, -21, 3, 4), (22, -11, 4, 5), (-24, 8, 4, 5), (0, 25, 4, 5),
+    (-9, 25, 2.6, 3), (-19, 24, 3, 4), (22, 22, 2.6, 3), (7, -24, 3, 4))
 # The same for those that stay under water.
 DROWNED = (
-    (18, -19, 13, 10), (-20, 17, 13, 10), (-23, -3, 10, 9), (21, 18, 13, 10), (14, -23, 10, 9),
-    (-19, -19, 12, 10), (-12, 24, 11, 9), (24, 3, 10, 8), (8, 25, 10, 7), (-2, -23, 10, 7))
+    (-21, -18, 13, 10), (20, -22, 10, 8), (-24, -3, 10, 9), (20, 23, 12, 9), (2, -25, 10, 8),
+    (-22, 22, 12, 10), (26, 6, 10, 8), (8, 27, 11, 8))
 SEED = 11
 
 
 def heights():
-    g = Ground(60, 60, 30, SEED)
+    g = Ground(60, 60, 40, SEED)
     shelf = g.pile(DROWNED, 7, 2.2) + .5 * g.noise(1.2, 12, 2, 35)
     crag = np.maximum.reduce([g.ridge(*spine) for spine in SPINES]) - 1.2
     crag = crag + 1.5 * g.noise(1.3, 16, 4, 31)
-    crag = .75 * g.faceted(crag, 6., 1.9, 33) + .25 * g.faceted(crag, 2.6, .6, 34)
+    crag = .6 * g.faceted(crag, 5., 2., 33) + .4 * g.faceted(crag, 2.6, .7, 34)
     h = np.maximum(crag, g.pile(RUBBLE, 6, 1.6)) + .25 * g.noise(1., 4, 1.5, 32)
     g.height = np.maximum(np.minimum(shelf, -.4), h)
     g.settle()
@@ -46,5 +47,5 @@ def heights():
 def make(work):
     g = heights()
     g.colour = bare_rock(g)
-    water = barrier.stony_shallows(g, shelf=20., surge=8.)
-    return barrier.make(g, [], work, water, edge=(17, 4., 1.5, 8.), spray=.8)
+    water = barrier.stony_shallows(g, shelf=7., surge=9.)
+    return barrier.make(g, [], work, water, edge=(11, 7., 2., 5.), spray=.8, fill=.7, dark=.8)

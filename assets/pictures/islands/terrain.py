@@ -133,11 +133,11 @@ def bare_rock(g):
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
     bedding = np.sin(1.1 * g.height + .38 * g.x - .5 * g.y + 1.2 * broad)
-    dry = lerp(srgb('rock'), srgb('rock_lit'), .66 + .14 * broad + .09 * bedding)
+    dry = lerp(srgb('rock'), srgb('rock_lit'), .74 + .14 * broad + .09 * bedding)
     dry = dry + g.tint[..., None] * np.array([.022, .017, .01]) + spots * .013
     lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .3 * g.slope, .4, 1.3)
     dry = lerp(dry, srgb('moss') * .95, .42 * lichen * smoothstep(g.height, 4, 7))
-    wet = srgb('rock_wet') + spots * .02
+    wet = srgb('rock_wet') * .78 + spots * .02
     tide = g.height + .6 * broad + .3 * grain
     c = lerp(wet, dry, smoothstep(tide, 1., 3.2))
     c = lerp(c, srgb('weed') + .02 * spots, .6 * (1 - smoothstep(tide, .1, 1.1)))
