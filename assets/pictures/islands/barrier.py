@@ -123,7 +123,7 @@ def breakers(g, surge, front):
     reach = surge * front * np.clip(.85 + .45 * broad, .15, 2.)
     amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
     foam = smoothstep(amount + .26 * threads + .12 * fine, .4, .9)
-    line = np.exp(-(g.offshore / .9) ** 2) * np.clip(.35 + .45 * broad + .15 * fine, 0, .7)
+    line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .2 * fine, 0, .85)
     foam = foam * smoothstep(within(g, .3 * g.h) + 1.6 * broad, .5, 6.5)
     return np.maximum(foam, line) * (g.offshore > 0) * (1 - .35 * beside_sand(g))
 

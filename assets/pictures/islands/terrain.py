@@ -137,10 +137,10 @@ def bare_rock(g):
     dry = dry + g.tint[..., None] * np.array([.022, .017, .01]) + spots * .013
     lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .3 * g.slope, .4, 1.3)
     dry = lerp(dry, srgb('moss') * .95, .42 * lichen * smoothstep(g.height, 4, 7))
-    wet = srgb('rock_wet') * .78 + spots * .02
-    tide = g.height + .6 * broad + .3 * grain
-    c = lerp(wet, dry, smoothstep(tide, 1., 3.2))
-    c = lerp(c, srgb('weed') + .02 * spots, .6 * (1 - smoothstep(tide, .1, 1.1)))
+    wet = srgb('rock_wet') * .95 + spots * .02
+    tide = g.height + 1.1 * broad + .4 * grain
+    c = lerp(wet, dry, smoothstep(tide, .5, 2.4))
+    c = lerp(c, srgb('weed') + .02 * spots, .4 * (1 - smoothstep(tide, .1, 1.1)))
     # Heights above the mean of what lies around: worn edges and clefts.
     out = (g.height - gaussian_filter(g.height, 1.4 * CELLS)) / 2.2
     return c * (1 + .34 * np.clip(out, -.8, .8))[..., None]
