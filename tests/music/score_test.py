@@ -10,7 +10,7 @@ import numpy as np
 import pytest
 
 from engine import aims, counterpoint, loopmp3, mix, performance, reading, scorefile
-from engine.instruments import ORCHESTRA
+from engine.instruments import ATTACK_VELOCITIES, ORCHESTRA
 from engine.notation import ScoreError, parse_notes
 
 MUSIC = Path(__file__).resolve().parents[2] / 'assets' / 'music'
@@ -134,14 +134,23 @@ def test_beginning_of_the_file_cuts_off_no_early_note(tmp_path):
 
 def test_every_pitched_key_has_an_attack_of_its_own():
     for name, instrument in ORCHESTRA.items():
-        keys = instrument.high - instrument.low + 1 if instrument.pitched else 0
-        assert len(instrument.attacks) == keys, name
+        keys = instrument.high - instrument.low + 1
+        rows = [keys] * len(ATTACK_VELOCITIES) if instrument.pitched else []
+        assert [len(row) for row in instrument.attacks] == rows, name
+
+
+def test_soft_notes_are_struck_earlier_where_they_speak_more_slowly():
+    violins = ORCHESTRA['slow violins']
+    keys = range(violins.low, violins.high + 1)
+    assert sum(violins.lead(key, 50) > violins.lead(key, 110) + 20 for key in keys) > len(keys) / 2
+    assert all(violins.lead(key, 20) == violins.lead(key, 50) for key in keys)
 
 
 def test_keys_that_speak_slowly_are_struck_earlier(tmp_path):
     violins = ORCHESTRA['violins']
     keys = range(violins.low, violins.high + 1)
-    slow, fast = max(keys, key=violins.lead), min(keys, key=violins.lead)
+    leads = {key: violins.lead(key, 80) for key in keys}
+    slow, fast = max(keys, key=leads.get), min(keys, key=leads.get)
     score = small_score(tmp_path, 'z3 c3 | d3 c3')
     part, clock, file = score.parts['violins'], performance.Clock(score), tmp_path / 'part.mid'
     first, *_, last = part.notes
@@ -152,7 +161,7 @@ def test_keys_that_speak_slowly_are_struck_earlier(tmp_path):
         now += message.time
         if message.type == 'note_on':
             ahead[message.note] = clock(3 if message.note == slow else 9) - now
-    expected = (violins.lead(slow) - violins.lead(fast)) / 1000
+    expected = (leads[slow] - leads[fast]) / 1000
     assert ahead[slow] - ahead[fast] == pytest.approx(expected, abs=.04)
     assert expected > .04
 

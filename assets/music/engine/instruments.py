@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: MIT
 """The orchestra: presets of the soundfont, written ranges, and how each one speaks.
 
-Samples take from 2 (a dulcimer) to over 400 ms (slow basses) to reach half of their level, and
-differ from key to key.  attacks.txt holds that time for every key, as ../attacks measured it;
-so much ahead of the beat the notes start, and are heard on it.  `early` is the same for drums.
+Samples take from 2 (a dulcimer) to over 400 ms (slow basses) to reach half of their level; soft
+notes take longer, and keys differ.  attacks.txt holds that time for every key at three velocities,
+as ../attacks measured it; notes start that much ahead of the beat, and are heard on it.  `early`
+is the same for drums.
 `vibrato` is in cents; `colour` is half of the dB by which the treble of the loudest dynamics is
 over that of the softest.
 """
@@ -12,7 +13,11 @@ from dataclasses import dataclass, field, replace
 from pathlib import Path
 from statistics import median
 
+import numpy as np
+
 ATTACKS = Path(__file__).with_name('attacks.txt')
+ATTACK_VELOCITIES = (50, 80, 110)
+USUAL = ATTACK_VELOCITIES.index(80)
 
 # General MIDI programs that are bowed or blown.
 SUSTAINING = (20, 21, 22, 23, 40, 41, 42, 43, 48, 49, *range(56, 80), 109, 110)
@@ -41,16 +46,17 @@ class Instrument:
     colour: float = 0.0
     strokes: dict = field(default_factory=dict)
 
-    def lead(self, key):
+    def lead(self, key, velocity):
         """Milliseconds by which a key is struck before it should be heard."""
         if not self.attacks:
             return self.early
-        return self.attacks[min(max(key, self.low), self.high) - self.low]
+        index = min(max(key, self.low), self.high) - self.low
+        return float(np.interp(velocity, ATTACK_VELOCITIES, [row[index] for row in self.attacks]))
 
     @property
     def usual_lead(self):
-        """The median of all keys."""
-        return median(self.attacks) if self.attacks else self.early
+        """The median of all keys at the middle velocity."""
+        return median(self.attacks[USUAL]) if self.attacks else self.early
 
     @property
     def sustains(self):
@@ -129,9 +135,13 @@ _PRESETS = {
 def _with_attacks(presets):
     text = ATTACKS.read_text(encoding='utf-8').replace('\n ', ' ')
     table = dict(line.split(' : ') for line in text.splitlines() if not line.startswith('#'))
-    # Drums have no row, and a new instrument has none until ../attacks has measured it.
-    return {name: replace(instrument, attacks=tuple(map(int, table.get(name, '').split())))
-            for name, instrument in presets.items()}
+    result = {}
+    for name, instrument in presets.items():
+        # Drums have no rows, and a new instrument has none until ../attacks has measured it.
+        rows = [table.get(f'{name} {velocity}', '').split() for velocity in ATTACK_VELOCITIES]
+        attacks = tuple(tuple(map(int, row)) for row in rows if row)
+        result[name] = replace(instrument, attacks=attacks)
+    return result
 
 
 ORCHESTRA = _with_attacks(_PRESETS)

@@ -108,6 +108,23 @@ def phrase_push(score, quaver):
     return float(np.interp(bar, (0, 2.4, 4, 6.4, 7.5, 8), (-3, 2, -2, 5, 0, -5)))
 
 
+def _intended(score, part, note):
+    """Velocity of a note before chance and the limits."""
+    velocity = level_at(part, note.start) + note.push + metric_push(score, note.start)
+    return velocity + phrase_push(score, note.start) - SLUR_SOFTER * note.joined
+
+
+def _lead(score, part, note):
+    """Milliseconds by which a note is struck before it should be heard."""
+    return part.instrument.lead(note.key, _intended(score, part, note))
+
+
+def _sounding(score, part, clock, note):
+    """Seconds at which a note is struck and released, as far as the score says."""
+    early = _lead(score, part, note) / 1000
+    return clock(note.start) - early, clock(min(score.length, note.end)) - early
+
+
 def _message(kind, part, **values):
     return mido.Message(kind, channel=part.instrument.channel, **values)
 
@@ -123,14 +140,14 @@ def _tick(seconds):
     return int((seconds + LEAD_SECONDS) * TICKS_PER_SECOND)
 
 
-def _swells(part, clock, end):
+def _swells(score, part, clock):
     """Velocity steps by which held notes rise and fall, every EXPRESSION_SECONDS."""
     times = np.arange(0, clock.total, EXPRESSION_SECONDS)
     swell = np.zeros_like(times)
     if not part.instrument.sustains:
         return times, swell
     for note in part.notes:
-        begin, finish = clock(note.start), clock(min(end, note.end))
+        begin, finish = _sounding(score, part, clock, note)
         if finish - begin > SWELL_FROM:
             depth = SWELL * min(1, (finish - begin) / SWELL_FULL)
             inside = (times >= begin) & (times < finish)
@@ -141,7 +158,7 @@ def _swells(part, clock, end):
 
 def _expression(score, part, clock):
     result, last = [], None
-    times, swells = _swells(part, clock, score.length)
+    times, swells = _swells(score, part, clock)
     for time, swell in zip(times, swells):
         quaver = float(np.interp(time, clock.times, clock.grid))
         level = level_at(part, quaver) + phrase_push(score, quaver) + swell
@@ -166,9 +183,8 @@ def _vibrato(score, part, clock):
     if not part.instrument.vibrato or not is_single_line(part):
         return result
     for note in sorted((n for n in part.notes if n.written), key=lambda n: n.start):
-        early = part.instrument.lead(note.key) / 1000
-        begin = clock(note.start) - early
-        length = clock(min(score.length, note.end)) - early - begin
+        begin, finish = _sounding(score, part, clock, note)
+        length = finish - begin
         hertz = VIBRATO_HERTZ + chance.uniform(-VIBRATO_STRAY, VIBRATO_STRAY)
         depth = part.instrument.vibrato * WHEEL_PER_CENT
         for time in np.arange(VIBRATO_AFTER, length - WHEEL_SECONDS, WHEEL_SECONDS):
@@ -182,10 +198,7 @@ def _vibrato(score, part, clock):
 
 
 def _velocity(score, part, note, chance):
-    velocity = level_at(part, note.start) + note.push + metric_push(score, note.start)
-    velocity += phrase_push(score, note.start) + chance.gauss(0, 3)
-    if note.joined:
-        velocity -= SLUR_SOFTER
+    velocity = _intended(score, part, note) + chance.gauss(0, 3)
     if velocity > KNEE:
         velocity = KNEE + (velocity - KNEE) / 2
     return int(max(8, min(HARDEST, round(velocity))))
@@ -201,7 +214,7 @@ def _played_notes(score, part, clock):
     for start, notes in moments.items():
         lean = LEANING * lean + (1 - LEANING ** 2) ** .5 * chance.gauss(0, instrument.jitter)
         for note in notes:
-            lead = instrument.lead(note.key)
+            lead = _lead(score, part, note)
             late = (lean + chance.gauss(-lead, instrument.jitter / 4)) / 1000
             on = _tick(max(clock(start) + late, -FIRST_EARLY))
             # A key that is struck very early is held on, or fast notes would have holes.
