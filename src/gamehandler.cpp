@@ -50,8 +50,8 @@ void layWater(SDL_Surface* sea) {
 // the processor's cache, so the copied pixels are missing there when the barriers, the ships and
 // the viewports need them. With a colour key and SDL_RLEACCEL, the library copies each run of
 // pixels with memcpy instead, and the whole frame takes about two thirds of the time. No pixel has
-// the colour key, because magenta in a picture without alpha is transparent. sdl12-compat would
-// compare every pixel with the key, so with that library the copy stays plain.
+// the colour key: magenta in the water's tile is transparent and never copied to the sea.
+// sdl12-compat would compare every pixel with the key, so with that library the copy stays plain.
 void copyInRuns(SDL_Surface* sea) {
     if (SDL_Linked_Version()->patch < firstCompatPatch) {
         const Uint32 unused = SDL_MapRGB(sea->format, 255, 0, 255);

@@ -97,8 +97,8 @@ void MainMenu::event(SDL_Event* e) {
 
 void MainMenu::activate() {
     // The button pictures are drawn onto two surfaces in turn. With SDL_RLEACCEL, SDL 1.2 would
-    // encode the whole strip again at every change, and a frame of the menu would take longer than
-    // 16 ms.
+    // encode the whole strip again whenever the surface changes, and a frame of the menu would take
+    // longer than 16 ms.
     SDL_Surface* strip = imagePool["tlacitka.png"];
     SDL_SetAlpha(strip, SDL_SRCALPHA, strip->format->alpha);
     redraw();

@@ -135,7 +135,8 @@ PlayerShip::PlayerShip(GameHandler* battle, int player)
     velocity = 0;
     teleportRecharge = 0;
     teleportCounter = teleportsPerBattle;
-    // Deliberate: never between 3.8 and 2 pi, so no ship starts towards the nearby left border.
+    // Deliberate: never between 3.8 and 2 pi, so no ship starts mainly towards the nearby left
+    // border.
     direction = (rand() % startHeadings) / startHeadingsPerRadian;
     shipSpeed = traitsOf(playerId).topSpeed;
     relocate();

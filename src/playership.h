@@ -65,6 +65,7 @@ public:
 
 private:
     // The heading as one of 36 phases of about 10 degrees, clockwise: 0 left, 9 up, 18 right, 27
-    // down. A phase ends just before its axis, so a ship exactly on an axis has the next one.
+    // down. These four phases end just before their axes, so a ship exactly on an axis has the next
+    // phase.
     int getPhase();
 };
