@@ -39,7 +39,7 @@ function keysInMenu(act) {
   ];
 }
 
-// The first two gamepads press the keys of the two players. poll() is called once a frame.
+// The first two gamepads press the keys of the two players. poll() is called at least once a frame.
 export class Gamepads {
   constructor(input, isBattle) {
     this.input = input;

@@ -22,7 +22,7 @@ export class Keyboard {
     if (browsersKeys.has(event.key) || event.ctrlKey || event.altKey || event.metaKey) return;
     const isOverPage = event.target instanceof Element && event.target.closest("dialog, footer");
     if (this.isPlaying() && !isOverPage) {
-      event.preventDefault(); // so that Tab keeps the focus, and Space and arrows do not scroll
+      event.preventDefault(); // Tab must not move the focus, Space and arrows must not scroll
     }
     const symbol = symbolOf(event, this.byPlace);
     const key = event.code || event.key;

@@ -14,8 +14,8 @@ async function store() {
   const cache = await caches.open(prefix + version);
   await Promise.all(files.map(async ([name, integrity]) => {
     const url = new URL(name, home).href;
-    // The browser's own cache has the files that the page has just loaded. If its file is another
-    // one, the file is fetched from the server.
+    // The browser's own cache has the files that the page has just loaded. If a file there has
+    // other contents, it is fetched from the server.
     let response = await fetch(url, { integrity }).catch(() => null);
     if (!response || !response.ok) response = await fetch(url, { integrity, cache: "reload" });
     if (!response.ok) throw new Error(`${name}: status ${response.status}`);
