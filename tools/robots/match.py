@@ -11,7 +11,8 @@ from .press import Fingers, Hands
 from .stage import LOOK_INTERVAL, StageError
 from .think import EVEN, Pilot
 
-# After so many pictures in a row without a battle, it is over. One may show half a frame.
+# After so many pictures in a row without one, the battle is over. A single such picture may just
+# show half a frame.
 BATTLE_IS_OVER = 5
 # Seconds after which an unchanged picture counts as a new one, because ships may be at rest.
 REPEAT = 0.1
@@ -99,7 +100,7 @@ class Statistics:
         self.pictures += 1
 
     def summary(self, winner=None):
-        """The results as a dictionary. The last hit is never seen, so the winner implies it."""
+        """The results as a dictionary. The last hit is never seen, but the winner has it."""
         seconds = max(0.001, (self.now or 0) - (self.began or 0))
         return {"winner": winner, "seconds": round(seconds, 1),
                 "hits": [HITS if winner == player + 1 else hits

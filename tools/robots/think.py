@@ -163,7 +163,7 @@ class Pilot:
         return self.wish
 
     def _estimate_heading(self, time, me, lag):
-        """Estimates the heading when new keys take effect from the heading in the picture."""
+        """From the heading in the picture, estimates that at which new keys will take effect."""
         seen = heading_of(me.phase)
         if self.seen is None:
             self.seen, self.time = seen, time
@@ -190,8 +190,11 @@ class Pilot:
             self.free_until = time + FREEING * self.frame / FRAME
 
     def _notice_waiting(self, time, me):
-        """A long wait makes the pilot impatient: two ships that both try to stay astern of the
-        other, or on different sides of an island, could otherwise wait for ever."""
+        """A long wait makes the pilot impatient.
+
+        Two ships that each try to stay astern of the other, or that have an island between them,
+        could otherwise wait for ever.
+        """
         if self.loaded is None or me.dial < FULL_DIAL:
             self.loaded = time
         self.is_impatient = time - self.loaded > IMPATIENT_AFTER * self.frame / FRAME
