@@ -99,7 +99,7 @@ def drowned_stone(g):
     return mixed('drowned', 'lagoon', .45) * shade[..., None]
 
 
-def shelf_water(g, shelf):
+def shelf_water(g, shelf, glow):
     """Shallow water over stone: clear and pale beside the stones, the colour of the sea where it
     ends."""
     wide = g.noise(1.3, 30, 5, 71)
@@ -108,7 +108,7 @@ def shelf_water(g, shelf):
     middle = smoothstep(within(g, .3 * g.h) + 2 * wide, 0, .18 * g.h)
     near = np.exp(-d ** 1.3) * (.25 + .75 * middle)
     colour = mixed('sea', 'lagoon', near)
-    pale = np.maximum(.45 * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * (.3 + .7 * middle)
+    pale = np.maximum(glow * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * (.1 + .9 * middle)
     colour = colour + (linear('lagoon_pale') - colour) * pale[..., None]
     depth = gaussian_filter(np.clip(-g.height, 0, None), .8 * CELLS)
     stone = np.exp(-np.clip(depth - .3, 0, None) / 1.3) * .6 * (1 - beside_sand(g))
@@ -116,16 +116,21 @@ def shelf_water(g, shelf):
     return layer(colour, np.clip(.74 + .24 * near, 0, .95))
 
 
-def breakers(g, surge, front):
+def breakers(g, surge, front, lace):
     """Foam: thick where the swell breaks, a broken thread in the lee."""
     broad, fine = g.noise(1.2, 22, 6, 81), g.noise(.9, 5, 1.2, 83)
     threads = 1 - np.abs(g.noise(1.1, 12, 3, 82)) / .9
     reach = surge * front * np.clip(.85 + .45 * broad, .15, 2.)
     amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
     foam = smoothstep(amount + .26 * threads + .12 * fine, .4, .9)
+    # It ends well inside the rectangle here and close to it there, so that no side shows.
+    ends = 3.2 * g.noise(1.3, 34, 7, 86) + .9 * g.noise(1., 7, 2, 87)
+    ended = smoothstep(within(g, .3 * g.h) + ends, 3.5, 7.5)
     line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .2 * fine, 0, .85)
-    foam = foam * smoothstep(within(g, .3 * g.h) + 1.6 * broad, .5, 6.5)
-    return np.maximum(foam, line) * (g.offshore > 0) * (1 - .35 * beside_sand(g))
+    torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .3 * fine, 0, 1)
+    outer = lace * torn * np.exp(-((g.offshore - 2. - .9 * broad) / .75) ** 2)
+    foam = np.maximum(np.maximum(foam, outer) * ended, line)
+    return foam * (g.offshore > 0) * (1 - .35 * beside_sand(g))
 
 
 def wash(g, front):
@@ -171,10 +176,13 @@ def sandy_shallows(g, reach, pale, lines):
     return over(layer(linear('foam'), foam * .95), lagoon(g, reach, pale, wide, fine))
 
 
-def stony_shallows(g, shelf, surge):
-    """The water round naked rock."""
-    return over(layer(linear('foam'), breakers(g, surge, weather(g)) * .95),
-                shelf_water(g, shelf))
+def stony_shallows(g, shelf, surge, lace=0., glow=.45):
+    """The water round naked rock: `shelf` is how far the shallows reach, `surge` the surf on the
+    weather side; `lace` is the strength of a second thread of foam round the stones and `glow`
+    that of the pale water beside them.
+    """
+    return over(layer(linear('foam'), breakers(g, surge, weather(g), lace) * .95),
+                shelf_water(g, shelf, glow))
 
 
 def compose(g, land, light, water, edge, dark=.68):
