@@ -124,7 +124,7 @@ def breakers(g, surge, front, lace):
     amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
     foam = smoothstep(amount + .26 * threads + .12 * fine, .4, .9)
     # It ends well inside the rectangle here and close to it there, so that no side shows.
-    ends = 3.2 * g.noise(1.3, 34, 7, 86) + .9 * g.noise(1., 7, 2, 87)
+    ends = g.h / 60 * (3.2 * g.noise(1.3, 34, 7, 86) + .9 * g.noise(1., 7, 2, 87))
     ended = smoothstep(within(g, .3 * g.h) + ends, 3.5, 7.5)
     line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .2 * fine, 0, .85)
     torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .3 * fine, 0, 1)

@@ -5,7 +5,7 @@
 To change: SPINES, RUBBLE and SAND, and the numbers of the water in `make`.
 """
 import numpy as np
-from scipy.ndimage import gaussian_filter
+from scipy.ndimage import distance_transform_edt, gaussian_filter
 
 from common.noise import smoothstep
 from islands import barrier
@@ -19,9 +19,9 @@ SPINES = (
     (((-13, -5, 34), (-23, -18, 20), (-29, -28, 6)), 11, 10),
     (((-23, 1, 32), (-15, 13, 20), (-11, 24, 6)), 10, 9),
     (((-7, -10, 34), (5, -2, 18), (12, 6, 6)), 10, 9),
-    (((24, -30, 7), (33, -22, 24), (43, -12, 18), (51, 1, 6)), 12, 10),
-    (((36, -19, 18), (46, -23, 12), (53, -22, 5)), 8, 7),
-    (((-49, 31, 7), (-38, 35, 16), (-28, 39, 10), (-22, 43, 5)), 9, 7))
+    (((26, -28, 8), (34, -21, 30), (43, -10, 25), (49, 1, 8)), 16, 14),
+    (((38, -18, 24), (47, -22, 16), (54, -21, 6)), 11, 9),
+    (((-49, 27, 12), (-42, 32, 23), (-32, 37, 18), (-24, 41, 7)), 12, 9))
 # x, y, radius, height of single stones.
 RUBBLE = (
     (-45, -29, 6, 7), (-37, -35, 3.5, 4), (-52, -22, 3, 4), (-56, 8, 5, 6), (-57, 16, 3, 4),
@@ -68,8 +68,11 @@ def heights():
 def sand_over(g, colour):
     grain = g.noise(.8, 6, 1, 52)[..., None]
     broad = g.noise(1.4, 24, 4, 58)
-    damp = smoothstep(g.inland + broad + .2 * grain[..., 0], .4, 3.6)
-    pale = lerp(srgb('sand'), srgb('rock_lit'), .38 + .06 * broad)
+    # It is wet along the water and, unevenly, along the stones, out of which the water drains.
+    stone = distance_transform_edt((g.height <= 0) | g.sandy) / CELLS
+    drained = np.minimum(g.inland, 1.3 * stone + .6 * g.noise(1.2, 14, 4, 59))
+    damp = smoothstep(drained + broad + .2 * grain[..., 0], .4, 3.6)
+    pale = lerp(srgb('sand'), srgb('rock_lit'), .14 + .1 * broad)
     dry = lerp(srgb('sand_wet') * .92, pale, damp) + .03 * grain
     return lerp(colour, dry, gaussian_filter(g.sandy.astype(float), CELLS * .3))
 
@@ -77,5 +80,5 @@ def sand_over(g, colour):
 def make(work):
     g = heights()
     g.colour = sand_over(g, bare_rock(g))
-    water = barrier.stony_shallows(g, shelf=8., surge=10.)
+    water = barrier.stony_shallows(g, shelf=8., surge=11., lace=.35)
     return barrier.make(g, [], work, water, edge=(30, 4.5, 3., 9.), spray=.8, fill=.7, dark=.8)
