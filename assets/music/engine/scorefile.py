@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Reads a score file; the statements are explained in the README beside the scores."""
+"""Reads a score file; docs/music.md explains the statements."""
 from . import arrange
 from .harmony import parse_chord
 from .instruments import ORCHESTRA
