@@ -185,7 +185,7 @@ def stony_shallows(g, shelf, surge, lace=0., glow=.45):
                 shelf_water(g, shelf, glow))
 
 
-def compose(g, land, light, water, edge, dark=.68):
+def compose(g, land, light, water, edge, dark):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
     water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * dark), water)
     return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
