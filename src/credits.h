@@ -7,7 +7,7 @@
 
 #include "programmode.h"
 
-// Shows who made the game. It is left in the same ways as the help screen.
+// Shows who made the game. leavesTextScreen says which events close it.
 class Credits : public ProgramMode {
 public:
     ~Credits() override;

@@ -26,7 +26,7 @@ public:
     ~GameHandler() override;
 
     // Escape asks for the main menu. A ship sunk later in the same frame replaces that request, so
-    // a decided duel is never left without its winner.
+    // a duel that has been won always shows its result.
     void event(SDL_Event* e) override;
     // Blackens the display and aims both viewports.
     void activate() override;
@@ -34,14 +34,15 @@ public:
     void update() override;
     void cleanUp() override;
 
-    // Centres viewport 1 on ship 1, or with any other id viewport 2 on ship 2, within the world.
-    // The last column and the last row of the world are never shown; that margin is deliberate.
+    // Centres viewport 1 on ship 1 if the id is 1, otherwise viewport 2 on ship 2. Neither leaves
+    // the world. Deliberate: the last column and the last row of the world are never shown, because
+    // the rules stop the viewports one pixel early.
     void moveViewport(int viewportId);
 
     // True when the rectangle overlaps any barrier.
     bool collidesWithBarriers(SDL_Rect rect1);
 
-    // The world's pixel value of a colour. Drops the palette of the world's format.
+    // The pixel value of a colour in the world's format. Clears that format's palette pointer.
     int mapWorldRGB(Uint8 r, Uint8 g, Uint8 b);
 
     SDL_Surface* background; // owned; the empty sea

@@ -34,7 +34,7 @@ void shutdown();
 // Reports a problem on the standard error stream. Level 1 is written without a prefix, 2 as a
 // warning, 3 as an error, 4 as a fatal error that ends the program with exit status 1; any other
 // level writes nothing. A text that begins with "$" loses it and gets SDL's reason on a second
-// line. Returns 0, which a caller may pass on as its own false.
+// line. Returns 0, so that a caller can return it as false.
 int error(const char* str2, int type);
 
 // The one place where text for the display would be translated; returns it unchanged.

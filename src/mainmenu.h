@@ -17,7 +17,7 @@ class MainMenu : public ProgramMode {
 public:
     static const int numButtons;
     static const int buttonTypes[8];     // by button id; the last four are spare
-    static const SDL_Rect firstButton;   // first cell of the strip, and the size of a button
+    static const SDL_Rect firstButton;   // first cell of the button strip, and the size of a button
     static const SDL_Rect focusModifier; // from a normal cell of the strip to the highlighted one
 
     MainMenu();

@@ -65,7 +65,6 @@ public:
 
 private:
     // The heading as one of 36 phases of about 10 degrees, clockwise: 0 left, 9 up, 18 right, 27
-    // down. These four phases end just before their axes, so a ship exactly on an axis has the next
-    // phase.
+    // down. These four end just before their axes, so a ship that heads exactly left has phase 1.
     int getPhase();
 };

@@ -23,6 +23,6 @@ public:
     // Called once per frame, after that frame's events. The mode draws and flips by itself.
     virtual void update();
 
-    // A mode's own release hook; the main loop never calls it.
+    // For a mode's own clean-up; the main loop never calls it.
     virtual void cleanUp();
 };
