@@ -51,7 +51,7 @@ def test_names_the_packages_of_a_system_without_apt(system, bare_path, tmp_path)
     assert result.returncode == 1
     assert result.stdout == ""
     assert expected in result.stderr.replace("\n", " ")
-    assert ("have not been tried" in result.stderr) == (system != "unknown")
+    assert ("have not been tested" in result.stderr) == (system != "unknown")
 
 
 def test_names_the_libraries_when_the_system_cannot_be_told(bare_path, tmp_path):
@@ -67,7 +67,7 @@ def test_the_readme_names_the_same_packages():
         assert command in re.sub(r" \\\n +", " ", readme)
 
 
-NO_MODE = "This display has no mode of 800 x 600, so the game takes the middle of the screen.\n"
+NO_MODE = "This display has no mode of 800 x 600, so the game uses only the middle of it.\n"
 NO_SOUND = "No sound device was found, so the game plays in silence.\n"
 
 
