@@ -27,11 +27,11 @@ BARRIERS_OF_TYPE = (1, 3, 9)
 PACE_STEPS = 8  # steps of the dial over which the pace is measured
 HITS = 10  # to sink a ship
 RELOAD, TELEPORT_RELOAD = 120, 300  # frames
-RECENT = 0.12  # speeds are measured over at least so many seconds
+RECENT = 0.12  # seconds over which speeds are measured, at least
 UNDER_WAY = 1.0  # pixels per frame from which a ship counts as under way
 GRAIN = 4  # width and height, in pixels, of a cell in the grid of blocked places
-SURE = 3  # a barrier seen so many times is certain
-LOST_AFTER = 1.0  # a ship is lost if it is not seen where it should be for so many seconds
+SURE = 3  # sightings after which a barrier is certain
+LOST_AFTER = 1.0  # seconds without being seen where it should be, after which a ship is lost
 STRAIN = 12  # pixels by which a ship against a shore may be off the middle of its viewport
 
 
@@ -172,7 +172,8 @@ class Chart:
     def _follow(self, ship, seen, values, elapsed):
         """The viewport's new place near its old one, or None when the ship has teleported."""
         if self.time - ship.seen > LOST_AFTER:
-            # The last place was wrong: pick the one at which the ship is where it should be.
+            # The viewport was not there: pick a place at which a ship is where the viewport would
+            # keep it.
             return max(values, key=lambda look: values[look] + 3 * any(
                 may_be_of(look, other) for other in seen) - math.dist(look, ship.look) / 10000)
         reach = 20 + min(1.2 * TOP_SPEEDS[ship.player] * elapsed / FRAME, 140)
@@ -206,7 +207,7 @@ class Chart:
         ship.trail.append((self.time, ship.place, ship.phase))
 
     def _agreement(self, look, barriers):
-        """The barriers that agree with the known ones at this place, less those that do not."""
+        """The number of barriers that agree with the known ones here, less those that do not."""
         total = 0
         seen = self._in_world(look, barriers)
         for barrier in seen:

@@ -11,13 +11,13 @@ from .press import Fingers, Hands
 from .stage import LOOK_INTERVAL, StageError
 from .think import EVEN, Pilot
 
-# After so many pictures in a row without one, the battle is over. A single such picture may just
-# show half a frame.
+# The battle is over after this many pictures in a row that do not show it. A single such picture
+# may just show half a frame.
 BATTLE_IS_OVER = 5
 # Seconds after which an unchanged picture counts as a new one, because ships may be at rest.
 REPEAT = 0.1
 LOOKS_APART = 0.035  # seconds at least between two looks; more would cost time and gain little
-DELAY = 0.02  # seconds until a key has reached the game and its result the display
+DELAY = 0.02  # seconds until the effect of a key shows on the display
 
 
 class Match:

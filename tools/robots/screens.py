@@ -14,7 +14,7 @@ NEW_GAME, HELP_BUTTON, CREDITS_BUTTON, QUIT = range(4)
 # The least share of equal pixels at which two pictures count as the same; blending may differ.
 SAME = 0.9995
 MORE_THAN_A_POINTER = 2000  # pixels that are not black, so that the game must have drawn them
-# A place of the invisible pointer at which it focuses no button: at the lower edge of the display.
+# Where the invisible pointer rests without focusing a button: at the lower edge of the display.
 PARKED = (397, 598)
 
 
@@ -56,7 +56,7 @@ class Guide:
         self.stage.wait_for(self.shows_credits, "the credits")
 
     def shows_credits(self, picture):
-        """True for the right title line with three lines of names below it on black."""
+        """True for the expected title line with three lines of names below it on black."""
         title = self.text_picture((CREDITS_TITLE,))
         height = self.writer.write("X").shape[0]
         end = 300 - height // 2 - height

@@ -151,7 +151,7 @@ class Stage:
             self.display.stop()
         shutil.rmtree(self.scratch, ignore_errors=True)
 
-    # Hands
+    # Input
 
     def _do(self, command):
         with self.lock:
@@ -196,9 +196,9 @@ class Stage:
         connection.sync()
         connection.close()
         if asked != 1:
-            raise StageError(f"{asked} windows offer to be closed")
+            raise StageError(f"expected one window that can be closed, found {asked}")
 
-    # Eyes
+    # Pixels
 
     def picture(self):
         return self.display.picture()
@@ -221,7 +221,7 @@ class Stage:
                 raise NeverSeen(f"never seen in {timeout} s: {what}")
             time.sleep(interval)
 
-    # The end
+    # Ending the game
 
     def messages(self):
         return (self.scratch / "stderr").read_text(errors="replace")

@@ -9,11 +9,10 @@ from collections import namedtuple
 from .think import BRISK, Pilot, Wish
 
 # interval: seconds from one decision to the next; error: standard deviation, in radians, of the
-# pilot's error about its own heading; spread and patience: as in think.Style. A spread below 0 has
-# the effect of 0.
+# pilot's error about its own heading; spread and patience: as in think.Style.
 Strength = namedtuple("Strength", "interval error spread patience")
 STRENGTHS = {
-    "calm": Strength(interval=0.5, error=0.16, spread=-0.04, patience=60),
+    "calm": Strength(interval=0.5, error=0.16, spread=0.0, patience=60),
     "brisk": Strength(interval=0.25, error=0.06, spread=0.02, patience=55),
     "fierce": Strength(interval=0.0, error=0.0, spread=0.06, patience=55),
 }
@@ -24,7 +23,7 @@ class Partner(Pilot):
     """A pilot with one of these strengths."""
 
     def __init__(self, player, strength, choice=random):
-        super().__init__(player, BRISK._replace(spread=max(0, strength.spread),
+        super().__init__(player, BRISK._replace(spread=strength.spread,
                                                 patience=strength.patience))
         self.strength = strength
         self.choice = choice

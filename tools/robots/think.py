@@ -23,8 +23,8 @@ STEPS = 20
 # the fourth, width and height are swapped.
 HIT_WIDTHS = (100, 95, 95, 90, 85, 75, 65, 60, 50)
 HIT_HEIGHTS = (40, 50, 60, 65, 75, 85, 90, 95, 95)
-LOST_HITS = 3  # a pilot that is behind by so many hits teleports when it is hit
-NEARLY_SUNK = 6  # from so many hits taken, it does so even if it is not behind
+LOST_HITS = 3  # a pilot that is behind by this many hits teleports when it is hit
+NEARLY_SUNK = 6  # from this many hits taken, it does so even if it is not behind
 STUCK_AFTER = 0.7  # seconds without movement
 FREEING = 0.8  # seconds for which a stuck ship tries to get free
 BOXED_IN_AFTER = 3.0  # seconds within a small area, after which a ship teleports
@@ -37,7 +37,7 @@ STERN = (1.6, 0.5)
 SPEED_STEP = 0.5  # pixels per frame that a ship gains with each frame
 
 # ready: how many frames before the cannon is loaded a pilot begins to aim; spread: a pilot fires
-# only if the shot would hit even with the heading off by so many radians either way, so a larger
+# only if the shot would hit even with the heading off by this many radians either way, so a larger
 # spread is stricter; patience: the longest flight of a shot in frames; distance: the fighting
 # distance in pixels.
 Style = namedtuple("Style", "ready spread patience distance")
@@ -107,7 +107,7 @@ def flight(ship, place, speed, headings, enemy, patience, delay=0):
 
 
 def extrapolate(ship, frames):
-    """A ship's place after so many frames if it turns for up to 12 of them, then sails straight."""
+    """A ship's place after some frames if it turns for up to 12 of them, then sails straight."""
     frames = numpy.asarray(frames, float)
     course = math.atan2(*ship.velocity)
     turned = course + ship.turning * numpy.minimum(frames, 12) / 2
@@ -163,7 +163,7 @@ class Pilot:
         return self.wish
 
     def _estimate_heading(self, time, me, lag):
-        """From the heading in the picture, estimates that at which new keys will take effect."""
+        """The heading when new keys take effect, estimated from the one in the picture."""
         seen = heading_of(me.phase)
         if self.seen is None:
             self.seen, self.time = seen, time

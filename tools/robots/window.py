@@ -55,7 +55,7 @@ class WindowDisplay:
                        check=False)
 
     def picture(self):
-        # Deliberate: not with the imaging library, which crashes if the server ends meanwhile.
+        # Deliberate: Pillow's screen grab is not used, because it crashes if the server ends.
         try:
             image = self.root.get_image(0, 0, WIDTH, HEIGHT, X.ZPixmap, ALL_PLANES)
         except ConnectionClosedError:

@@ -217,7 +217,7 @@ def file_bars(artwork):
 
 
 def eye_bars(artwork):
-    """The colour difference (CIE 1976) of pictures that must not be confused, and its lightness."""
+    """The colour and lightness differences (CIE 1976) of pictures that must not be confused."""
     dials = artwork.dials
     disc = (dials[40][..., :3] != (255, 0, 255)).any(-1)
     strip = artwork.load("tlacitka.png")

@@ -45,7 +45,7 @@ def luminance(pixels):
 
 
 def contrast(one, other):
-    """The ratio of WCAG 2 between two relative luminances."""
+    """The WCAG 2 contrast ratio of two relative luminances."""
     return (numpy.maximum(one, other) + 0.05) / (numpy.minimum(one, other) + 0.05)
 
 
