@@ -3,8 +3,8 @@
  *
  * Plays a piece as the game does, for a number of milliseconds.  With SDL_AUDIODRIVER=disk
  * the mix goes to the file named by SDL_DISKAUDIOFILE, where its seam can be measured.
- * A third number halts the piece after so many of the mixer's buffers, leaves a few silent, and
- * plays it again. */
+ * With a third argument, halts the piece after that many of the mixer's buffers, leaves a few
+ * silent, and plays it again. */
 #include <SDL/SDL.h>
 #include <SDL/SDL_mixer.h>
 #include <stdio.h>

@@ -20,8 +20,8 @@ LICENCE = ('This Font Software is licensed under the SIL Open Font License, Vers
            '(SPDX: OFL-1.1). The license is available at https://openfontlicense.org')
 
 EM = 29 * spacing.PIXEL
-# Font units in a drawing unit: large on its body, because the game's longest line may fill the
-# display's 800 pixels and the typeface cannot be set larger there.
+# Font units in a drawing unit. The letters are as large as the game's longest line allows in 800
+# pixels, because the game uses one fixed size.
 SCALE = 2.47
 ASCENT, DESCENT = 37 * spacing.PIXEL, 10 * spacing.PIXEL
 X_HEIGHT, CAP_HEIGHT = 480 * SCALE, 720 * SCALE
@@ -29,7 +29,8 @@ MOST_ATTEMPTS = 20
 # FontForge's bits for 'validated' and for half-unit points, which TrueType implies.
 HARMLESS = 0x1 | 0x80000
 SPACE_WIDTH = 9 * spacing.PIXEL
-# How much of a fault in the white is mended. Beside a low sign the white above it is intentional.
+# The share of an error in white space that kerning corrects. It is small beside low signs, where
+# the white above is intended.
 LETTER_KERNING, SIGN_KERNING = 0.74, 0.3
 # Capitals beside each other stand further apart than a capital before small letters.
 CAPITALS_APART = 0.6 * spacing.PIXEL
@@ -184,12 +185,12 @@ def kernable(name):
 
 
 def side(name):
-    """The kind of neighbour a glyph is: the letters in its rhythm, or None for a sign."""
+    """The reference letters for a glyph's spacing, or None for a sign."""
     return {'Lu': 'HO', 'Ll': 'no', 'Nd': 'HO'}.get(category(name))
 
 
 def unwritten(first, second):
-    """Pairs that writing hardly meets keep the plain spacing: the kern table is small."""
+    """True for pairs that hardly occur in text; the small kern table leaves them out."""
     kinds = category(first), category(second)
     signs = [side(name) is None for name in (first, second)]
     return kinds == ('Ll', 'Lu') or all(signs) or 'Nd' in kinds and not any(signs)

@@ -81,7 +81,7 @@ def test_note_struck_twice_is_found(tmp_path):
                          ids=['suspension', 'appoggiatura', 'passing tone'])
 def test_dissonance_that_moves_on_by_step_is_led(tmp_path, tune):
     score = small_score(tmp_path, tune)
-    assert findings(score, 'led dissonances')
+    assert findings(score, 'resolved dissonances')
     assert not findings(score, 'stray dissonances')
 
 

@@ -20,7 +20,7 @@ class Range:
     binding: bool
 
     def holds(self, value):
-        """True if a value lies inside, as it is printed."""
+        """True if a value, rounded by the caller, lies in the range."""
         return self.low <= value <= self.high
 
     def __str__(self):

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Writes out figures and rolls over the chords of a score."""
+"""Turns figures and drum rolls into notes, using the chords of a score."""
 import random
 from dataclasses import dataclass, replace
 
@@ -53,7 +53,7 @@ def _prolong(notes):
 
 
 def _hold(score, part, start, end, tone, push, manner):
-    """Strikes a tone; where the chord changes under it, it moves unless it fits."""
+    """Plays a tone; at a change of chord it moves to the same tone of the new chord if needed."""
     inside = [at for at, _ in score.chords if start + 1e-6 < at < end - 1e-6]
     for first, last in zip([start, *inside], [*inside, end]):
         _strike(score, part, first, last - first, tone, push, manner)

@@ -23,5 +23,5 @@ def pieces(purpose):
 
 
 def score_path(name):
-    """Score of a piece."""
+    """The path of a piece's score."""
     return SCORES / f'{name}.score'

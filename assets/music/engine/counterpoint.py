@@ -9,7 +9,7 @@ from .harmony import perfect_parallel
 from .notation import GRACE, NAMES
 
 DOUBLING = 0.8   # share of a line's pulses in unison or octaves that makes it a doubling
-REST = 1.01         # quavers of rest over which a line still leads
+REST = 1.01         # quavers; across longer rests two notes are not connected
 LISTEN = GRACE + .01  # quavers after a pulse: past a grace note, inside a semiquaver
 
 
@@ -146,14 +146,14 @@ def _is_step(first, second):
 
 
 def is_prepared(before, start, key):
-    """True if a tone was there in the moment before, if there was one, or is come to by step."""
+    """True if the moment before contains the tone or one that is a step from it."""
     if before is None or before[1] < start - REST:
         return False
     return any(old == key or _is_step(old, key) for old in before[2])
 
 
 def is_resolved(score, after, quaver, note):
-    """True if a tone moves on by step, or the harmony moves and takes it in."""
+    """True if a tone moves on by step, or a later chord contains it."""
     start, end, key = note
     if after and after[0] <= end + REST and any(_is_step(key, new) for new in after[2]):
         return True
@@ -187,7 +187,7 @@ def dissonances(score):
                                is_resolved(score, after, at, (start, end, key)))
 
 
-def led_dissonances(score):
+def resolved_dissonances(score):
     """Foreign tones on a pulse that are prepared and resolved, or leapt to and resolved."""
     for quaver, name, key, prepared, resolved in dissonances(score):
         if resolved:
@@ -207,7 +207,7 @@ def stray_dissonances(score):
 
 
 def clashes(score):
-    """Semitones and minor ninths on a pulse that neither a chord nor a led dissonance explains."""
+    """Semitones and minor ninths on a pulse that are neither in a chord nor resolved."""
     notes = pitched_notes(score)
     led = {(quaver, name, key) for quaver, name, key, _, resolved in dissonances(score)
            if resolved}
@@ -224,6 +224,6 @@ def clashes(score):
 CHECKS = {'range': ranges, 'twice at once': struck_twice,
           'outer voices by pulse': outer_by_pulse, 'outer voices by note': outer_by_note,
           'tune and counter-melody': counter_parallels,
-          'accompaniment': inner_parallels, 'led dissonances': led_dissonances,
+          'accompaniment': inner_parallels, 'resolved dissonances': resolved_dissonances,
           'stray dissonances': stray_dissonances, 'semitone on a pulse': clashes}
-FAULTS = tuple(title for title in CHECKS if title != 'led dissonances')
+FAULTS = tuple(title for title in CHECKS if title != 'resolved dissonances')

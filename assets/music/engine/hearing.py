@@ -37,7 +37,7 @@ def spread_and_swell(curve):
 
 
 def gap_depth(samples):
-    """How far the level falls within 2 s under its highest there, in dB, on the mean."""
+    """How far the level falls within 2 s under its highest there, in dB, on average."""
     block = int(GAP_BLOCK * RATE)
     mono = weighted(samples.mean(1))
     power = (mono[:len(mono) // block * block].reshape(-1, block) ** 2).mean(1)
@@ -54,7 +54,7 @@ def centroid(samples):
 
 
 def density(samples):
-    """Peaks in the spectrum, on the mean."""
+    """Peaks in the spectrum, on average."""
     frequency, _, spectrum = stft(samples.mean(1), RATE, nperseg=8192, noverlap=4096)
     counts = []
     for frame in 20 * np.log10(np.abs(spectrum).T[::3] + 1e-9):

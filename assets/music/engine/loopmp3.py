@@ -3,8 +3,8 @@
 """Cuts an MP3 that loops without a gap.
 
 The loop is a whole number of frames.  It is encoded three times in a row, without a bit
-reservoir, shifted so that the delay of encoder and decoder ends on a frame border; the
-frames of the middle period then follow their own last frame as they follow each other.
+reservoir, shifted so that the delay of encoder and decoder ends on a frame border.
+So the last frame of the middle copy can be followed by its first frame without a break.
 
 The mixer asks its decoder for 4096 samples at a time and notices the end of the file by
 getting fewer; a file that ends just where such a buffer does costs a whole buffer of silence
@@ -81,7 +81,7 @@ def main_data(frame):
 
 
 def _with_room(frame, room):
-    """The same sound in the smallest frame with so many unused bytes at its end, or None."""
+    """The same sound in the smallest frame with `room` unused bytes at its end, or None."""
     data = main_data(frame)
     for index in range(1, len(BITRATES)):
         header = bytes([*frame[:2], index << 4 | frame[2] & 15, frame[3]])

@@ -178,7 +178,7 @@ def tone(score, samples):
 
 
 def drive(samples, decibels):
-    """Amplifies into the limiter; half the rate comes out, and the limiter's least gain."""
+    """Amplifies into the limiter. Returns the loop at half the rate and the least gain."""
     samples, least = signal.limit(samples * signal.gain(decibels), CEILING)
     spectrum = rfft(samples, axis=0)[:len(samples) // 4 + 1]
     return irfft(spectrum, len(samples) // 2, axis=0) / 2, least

@@ -8,7 +8,8 @@ import mido
 import numpy as np
 
 LEAD_SECONDS = 0.4       # room before the first beat for notes played early
-FIRST_EARLY = .045       # the file begins little before the first beat: its notes wait until then
+# The file begins only a little before the first beat, so no note starts earlier than this.
+FIRST_EARLY = .045
 TAIL_SECONDS = 5.0
 TICKS_PER_SECOND = 1920
 TICKS_PER_BEAT, BEAT_US = 960, 500000
@@ -64,7 +65,7 @@ def _flow(score, quaver):
 
 
 def _drift(score, times, total):
-    """Slow waves that fit the loop and begin at nothing."""
+    """Slow waves that fit the loop and begin at zero."""
     chance, drift = random.Random(score.name), np.zeros_like(times)
     for period in DRIFT_PERIODS:
         turns = round(total / period)

@@ -9,7 +9,7 @@ import numpy as np
 
 from .loopmp3 import RATE
 
-WINDOW = 12000           # samples compared around the loop's border; the file's is near it
+WINDOW = 12000           # samples compared around the loop's border, near the start of the file
 QUIET = 2e-3
 PATIENCE = 900           # seconds after which the player gives up
 
@@ -22,7 +22,7 @@ def build_player(source, target):
 
 
 def record(player, piece, raw, seconds):
-    """That many seconds of what the mixer plays, as floats, faster than they last."""
+    """That many seconds of what the mixer plays, as floats, faster than real time."""
     raw.unlink(missing_ok=True)
     environment = dict(os.environ, SDL_VIDEODRIVER='dummy', SDL_AUDIODRIVER='disk',
                        SDL_DISKAUDIOFILE=str(raw), SDL_DISKAUDIODELAY='1')

@@ -37,14 +37,14 @@ def shelf(corner, decibels):
 
 
 def a_weight(frequency):
-    """A weighting."""
+    """The amplitude factor of A weighting at a frequency in Hz."""
     f = np.maximum(frequency, 1.0) ** 2
     return 1.2589 * 12194 ** 2 * f * f / (
         (f + 20.6 ** 2) * np.sqrt((f + 107.7 ** 2) * (f + 737.9 ** 2)) * (f + 12194 ** 2))
 
 
 def band_limit(edge, slope=60.0):
-    """Steep, for the way down to half the rate."""
+    """A steep low-pass, used before halving the sample rate."""
     return lambda f: 1 / (1 + np.exp(np.clip((f - edge) / slope, -60, 60)))
 
 

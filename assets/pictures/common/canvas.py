@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Supersampled drawing surface for the panels: lengths are picture pixels throughout.
 
-To change: SCALE, cells a pixel, trades time for smoother edges in every panel.
+SCALE is the number of subpixels (called cells) per pixel along each axis; a larger one takes more
+time and makes smoother edges in every panel.
 """
 from functools import lru_cache
 
@@ -83,7 +84,7 @@ class Canvas:
         if anchor[0] == 'm':
             pen -= (font.getlength(words) + pitch * (len(words) - 1)) / 2
         for i, letter in enumerate(words):
-            # The end of the line so far less this letter: kerning with the one before stays.
+            # The width up to and with this letter, less the letter's own: this keeps the kerning.
             start = font.getlength(words[:i + 1]) - font.getlength(letter)
             draw.text((pen + start + i * pitch, y * self.scale), letter, 255, font,
                       'l' + anchor[1])
@@ -118,6 +119,6 @@ def typeface(capital):
 
 
 def blend(base, top, mask):
-    """Lay opaque colours over others through a mask of either kind."""
+    """Lay opaque colours over others through a mask of booleans or of coverages."""
     m = np.asarray(mask, float)[..., None]
     return base * (1 - m) + top * m

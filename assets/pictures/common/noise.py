@@ -39,7 +39,7 @@ def fbm(h, w, seed, slope=1.7, sx=1., sy=1., lowest=2, size=1024):
 
 
 def band(shape, scale, slope, longest, shortest, seed):
-    """Noise of wavelengths between shortest and longest picture pixels, scale cells a pixel."""
+    """Noise with wavelengths from shortest to longest, in pixels, at scale cells per pixel."""
     fy = np.fft.fftfreq(shape[0]) * scale
     fx = np.fft.fftfreq(shape[1]) * scale
     k = np.hypot(*np.meshgrid(fx, fy))

@@ -25,7 +25,7 @@ def render(scene, product, size, libraries, alpha=True, threshold=.2, rows=None,
                '+UA' if alpha else '-UA', '-D', '+WT1', '+R2', '+AM2', '+A%g' % threshold, '-J']
     command += ['+ER%d' % rows] if rows else []
     command += libraries + ['Declare=%s=%g' % item for item in declared.items()]
-    # POV-Ray looks first where it runs: there, no stranger's sea.png may stand in for ours.
+    # POV-Ray searches its working directory first, so it runs in the work folder.
     for _ in range(ATTEMPTS):
         done = subprocess.run(command, capture_output=True, text=True, check=False,
                               cwd=Path(product).parent)

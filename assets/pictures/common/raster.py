@@ -11,7 +11,7 @@ from PIL import Image
 from common.light import linear_to_srgb, srgb_to_linear
 
 KEY = (255, 0, 255)
-# Alpha that nobody can tell from none and from all.
+# Alpha values that look fully transparent and fully opaque.
 NEARLY_CLEAR, NEARLY_SOLID = 4, 251
 
 

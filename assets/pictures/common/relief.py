@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Materials for panels and letters: metal, wood and parchment from height maps.
 
-To change: one function a material; its ramp of colours comes from the palette.
+There is one function per material; its ramp of colours comes from the palette.
 """
 import numpy as np
 
@@ -21,7 +21,7 @@ def mix(colours, t):
 
 
 def metal(height, seed=1, colours=GOLD, rough=.02):
-    """Polished metal: the normal looks up a studio, bright above and left, dark below."""
+    """Polished metal: reflects an imagined studio, bright above and left, dark below."""
     n = normals(height)
     flaws = fbm(*height.shape, seed, 1.2) * rough
     r = 2 * n[..., 2:] * n - np.array([0, 0, 1.])

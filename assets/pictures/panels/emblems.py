@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Emblems drawn from geometry: compass rose, crests, anchor, rope.
 
-To change: one function an emblem; all sizes are given by who draws it.
+There is one function per emblem; the caller gives all sizes.
 """
 import numpy as np
 

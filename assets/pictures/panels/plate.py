@@ -28,7 +28,7 @@ def hit_point_bar(c, surface, left, colours):
     light, dark = (linear(colour) for colour in colours)
     rim = np.minimum.reduce([x, BAR_LENGTH - x, y, H - BAR_TOP - y])
     wire = np.minimum.reduce([np.abs(x - end + 1) for end in hit_ends()])
-    # Enamel lies a little deeper and darker along the metal, and mottled as it was fired.
+    # Enamel lies a little deeper and darker along the metal, and is mottled by the firing.
     pool = np.clip(np.minimum(rim - 1, wire - .6) / 4.5, 0, 1) ** .7
     mottled = .5 + .11 * fbm(*c.shape, 41, 1.5) + .06 * fbm(*c.shape, 42, .8)
     enamel = dark + (light - dark) * np.clip(

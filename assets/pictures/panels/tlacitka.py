@@ -38,8 +38,8 @@ def plate(c, row, lit):
 def carve(c, surface, mask):
     """Gold letters standing on dark wood.
 
-    At this size a letter's stroke is three pixels wide: a deep bevel would fray it, so one dark
-    line parts it from the wood and only a shallow one rounds it.
+    At this size a letter's stroke is three pixels wide: a deep bevel would fray it. So a dark
+    line separates it from the wood, and the bevel is shallow.
     """
     line = np.clip((1.15 - c.outside(mask)) * c.scale * .5, 0, 1)
     drop = c.blur(c.moved(mask, 1, 1.4), .8) * .75

@@ -18,7 +18,7 @@ CELLS = 3           # cells a pixel
 SEED = 21           # chosen by eye from 5 x 5 tiles with ships on top
 WIND = np.radians(52)
 CHOP = 11           # how far crests are pushed together
-STRIKING = 92       # per cent of the sea with crests no brighter than the brightest may be
+STRIKING = 92       # percentile of the crests' brightness; brighter crests are dimmed to it
 
 
 def swell():
@@ -62,8 +62,8 @@ def colour(h):
 
 
 def evenness(light):
-    """Less than 1 where crests are brighter than most: the tile lies more than once in a view, and
-    the eye would find a striking crest again.
+    """Less than 1 where crests are brighter than most: a view shows the tile more than once,
+    and the eye would find a striking crest again.
     """
     around = gaussian_filter(light, CELLS * 5, mode='wrap')
     return np.minimum(1, np.percentile(around, STRIKING) / np.maximum(around, 1e-6))
