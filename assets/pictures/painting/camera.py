@@ -3,7 +3,7 @@
 """Where the painted ships lie and where their parts appear, for scene and brush alike.
 
 Positions of the picture are its finished pixels, world positions metres: x right, y up, z away.
-To change: FIRST and SECOND place, turn and light the ships; VIEW is the camera.
+To change: FIRST and SECOND place and turn the ships; VIEW is the camera.
 """
 from dataclasses import dataclass
 
@@ -11,7 +11,7 @@ import numpy as np
 
 from painting.shape import PORT_LINE, PORTS, place, sheer
 
-WIND = -38.                 # degrees: the wind blows to the right, and a little towards the eye
+WIND = -42.                 # degrees: the wind blows to the right and towards the eye
 
 
 def turned(axis, degrees):
@@ -49,7 +49,7 @@ class Pose:
     trim: float         # bow up
     spot: tuple         # the middle of her waterline
     brace: float        # of the yards, degrees from square
-    sun: tuple          # where her light comes from
+    near: int           # her side that faces the eye: -1 starboard, 1 port
 
     def axes(self):
         """Columns are her forward, up and port axes in the world."""
@@ -69,14 +69,15 @@ class Pose:
     def waterline(self, count=120):
         """World positions of the near side's waterline, from stern to stem."""
         t = np.linspace(.01, 1, count)
-        return self.world(place(t, np.zeros(count), -1))
+        return self.world(place(t, np.zeros(count), self.near))
 
     def muzzles(self):
-        """World positions of the starboard guns' mouths, from stern to bow, and their aim."""
-        points = place(PORTS, PORT_LINE * sheer(PORTS), -1, 1.6)
-        return self.world(points), self.axes() @ (0, 0, -1.)
+        """World positions of the near guns' mouths, from stern to bow, and their aim."""
+        points = place(PORTS, PORT_LINE * sheer(PORTS), self.near, 1.)
+        return self.world(points), self.axes() @ (0, 0, float(self.near))
 
 
-# The menu's panel hides 255 to 545 across.
-FIRST = Pose('First', -35, 4, .6, (-64.5, .2, 172), 22, (.50, .20, .84))
-SECOND = Pose('Second', -73, 2, -.4, (42.0, .1, 150), 18, (-.55, .20, .81))
+# The menu's panel hides 255 to 545 across. The ships meet on opposite courses, both with the wind
+# abeam or from behind, and the second lies farther off.
+FIRST = Pose('First', -40, 3, .6, (-61., .2, 158), 20, -1)
+SECOND = Pose('Second', -143, -3, -.4, (73., .1, 192), 40, 1)

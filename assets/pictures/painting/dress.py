@@ -40,22 +40,22 @@ def cloth(seed, panels, bands):
     return o
 
 
-def side_paint(upper):
+def side_paint(band, upper):
     """The ship's side over its length and from 1.62 of the sheer's height to below the water."""
     h, w = 768, 2048
     y, x = np.mgrid[0:h, 0:w]
     v = 1.62 - (1.62 + 1 / 3) * y / (h - 1.)
-    stops = ((-.34, '4a2c1c'), (.03, '4a2c1c'), (.06, '20120c'), (.30, '2a170e'), (.46, '2c180f'),
-             (.465, 'b9842e'), (.50, 'c9933a'), (.72, 'c08a34'), (.755, 'a8752a'), (.76, '2a160e'),
-             (.99, '38200f'), (1.0, upper), (1.62, upper))
+    stops = ((-.34, '4a2c1c'), (.03, '4a2c1c'), (.06, '20120c'), (.30, '2e1a10'), (.43, '301b11'),
+             (.435, 'dcae58'), (.475, 'dcae58'), (.48, band), (.755, band), (.76, '24140d'),
+             (.97, '2e1a10'), (1.0, upper), (1.62, upper))
     o = np.dstack([np.interp(v, [s for s, _ in stops], colour(*[c for _, c in stops])[:, i])
                    for i in range(3)])
-    plank = v * 15 + .5
-    seam = np.exp(-((plank % 1 - .5) / .10) ** 2)
+    plank = v * 9 + .5
+    seam = np.exp(-((plank % 1 - .5) / .13) ** 2)
     row = plank.astype(int) % 40
-    tone = np.random.RandomState(3).normal(size=(40, 64)) * .09
+    tone = np.random.RandomState(3).normal(size=(40, 64)) * .11
     butt = (x / 150 + row * .37)
-    o = o * (1 - .26 * seam + tone[row, butt.astype(int) % 64])[..., None]
+    o = o * (1 - .36 * seam + tone[row, butt.astype(int) % 64])[..., None]
     worn = fbm(h, w, 12, 1.5, sx=7.) * .07 + fbm(h, w, 14, 1.5, sy=6.) * .05
     return o * (1 + worn)[..., None]
 
@@ -99,8 +99,9 @@ def write(work):
     save(work, 'course', cloth(1, 14, (.18,)))
     save(work, 'topsail', cloth(4, 11, (.16, .31)))
     save(work, 'jib', cloth(7, 9, ()))
-    for name, field, upper in (('first', '8c2a22', '6e1b14'), ('second', '2c4674', '182f58')):
+    for name, field, band, upper in (('first', '8c2a22', 'b8452f', '7a2a1c'),
+                                     ('second', '2c4674', '5578a4', '2d4a76')):
         save(work, 'ensign_' + name, ensign(field, name == 'second'))
-        save(work, 'side_' + name, side_paint(upper))
+        save(work, 'side_' + name, side_paint(band, upper))
     save(work, 'transom', windows(7, ((.30, .44), (.52, .68)), '3a1d10'))
     save(work, 'gallery', windows(5, ((.27, .46), (.56, .74)), '4a2815'))

@@ -3,8 +3,8 @@
 // The two ships on a clear ground; poses.inc places and lights them, sea.py paints the water.
 // Eye and Focus are the camera of camera.py; the picture is the upper part of a frame
 // of 800 by 806, so that the horizon lies in the frame's middle.
-// Deliberate: each ship has her own sun, between the painted one, which stands far behind both,
-// and the side: the sails glow, and the wood still has form.
+// Deliberate: the sun of this scene stands a little higher than the painted one, so that it shines
+// through the sails and still touches rails and decks; the sky before the ships shows their sides.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
 #include "vessel.inc"
@@ -18,18 +18,13 @@ Dressed("side_first.png", "ensign_first.png", <.60,.19,.16>)
 Dressed("side_second.png", "ensign_second.png", <.22,.33,.54>)
 #include "second.inc"
 camera{ perspective location <0,Eye,0> direction z*Focus up y*806 right x*800 }
-#macro Lit(Ship, Sun)
-  light_group{
-    light_source{ vnormalize(Sun)*2000 rgb <1,.54,.24>*2.9 area_light x*900,y*900,5,5 adaptive 1
-      circular orient parallel point_at 0 }
-    light_source{ <-900,900,-1500> rgb <.40,.42,.86>*.42 shadowless parallel point_at 0 }
-    light_source{ <900,1500,-900> rgb <.62,.46,.66>*.20 shadowless parallel point_at 0 }
-    light_source{ <0,-700,-900> rgb <1,.60,.42>*.20 shadowless parallel point_at 0 }
-    // The whole bright sky round the sun: it softens every shadow on the cloth.
-    light_source{ vnormalize(Sun)*2000*<1,-.25,1> rgb <1,.53,.25>*.95 shadowless parallel
-      point_at 0 }
-    object{ Ship }
-    global_lights off
-  }
-#end
+#declare Sun = vnormalize(<.06,.22,1>)*2000;
+light_source{ Sun rgb <1,.54,.24>*2.6 area_light x*900,y*900,5,5 adaptive 1
+  circular orient parallel point_at 0 }
+// The whole bright sky round the sun: it softens every shadow on the cloth.
+light_source{ Sun*<1,-.25,1> rgb <1,.53,.25>*.65 shadowless parallel point_at 0 }
+// The mauve sky behind the eye, its zenith, and the sea below.
+light_source{ <-350,600,-1500> rgb <.66,.55,.70>*.80 shadowless parallel point_at 0 }
+light_source{ <900,1500,-900> rgb <.62,.46,.66>*.22 shadowless parallel point_at 0 }
+light_source{ <0,-700,-900> rgb <1,.60,.42>*.24 shadowless parallel point_at 0 }
 #include "poses.inc"

@@ -39,7 +39,7 @@ def afloat(dusk, pose, sea, cover):
     """Her coverage without what lies under water."""
     x, y, _, _ = profile(pose, sea)
     level = across(dusk.x, x, y)
-    mine = (dusk.x > x.min() - 40) & (dusk.x < x.max() + 60)
+    mine = (dusk.x > x.min() - 60) & (dusk.x < x.max() + 60)
     return cover * np.where(mine, np.clip((level - dusk.y) * dusk.scale + .5, 0, 1), 1)
 
 
@@ -98,4 +98,4 @@ def mirror(c, dusk, pose, sea, ship, seed):
     strength = .86 * np.clip(1 - (dusk.y - level) / 78, 0, 1) ** 1.1
     strength = strength * np.clip(.85 + .35 * ripple, .25, 1)
     seen = seen * strength[..., None]
-    return c * (1 - seen[..., 3:]) + seen[..., :3] * .45 + seen[..., 3:] * linear('2b2438') * .5
+    return c * (1 - seen[..., 3:]) + seen[..., :3] * .58 + seen[..., 3:] * linear('2b2438') * .5

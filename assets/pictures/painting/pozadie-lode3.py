@@ -33,11 +33,11 @@ def render_ships(work):
     """The ships on a clear ground, linear and premultiplied."""
     dress.write(work)
     libraries = povray.prepare(work, HERE)
-    lights = ''
+    placed = ''
     for pose in (FIRST, SECOND):
         vessel.write(work / (pose.name.lower() + '.inc'), pose.name, pose.wind(), pose.brace)
-        lights += 'Lit(object{ %s %s }, <%g,%g,%g>)\n' % ((pose.name, pose.matrix()) + pose.sun)
-    (work / 'poses.inc').write_text(lights)
+        placed += 'object{ %s %s }\n' % (pose.name, pose.matrix())
+    (work / 'poses.inc').write_text(placed)
     povray.render(HERE / 'duel.pov', work / 'ships.png', (SCALE * W, SCALE * FRAME), libraries,
                   rows=SCALE * H, Eye=VIEW.eye, Focus=VIEW.focus)
     return read_layer(work / 'ships.png')[:SCALE * H]
@@ -75,10 +75,10 @@ def compose(work):
     for pose, ship, part, seed in ((FIRST, halves[0], ((0, 250), (380, 230)), 51),
                                    (SECOND, halves[1], ((440, 250), (360, 250)), 65)):
         near = gunfire.flashes(pose)
-        c = gunfire.smoke(c, dusk, *part, gunfire.bank(pose, (-14, 44), 9, .34), seed)
+        c = gunfire.smoke(c, dusk, *part, gunfire.bank(pose, (-14, 44), 6, .25), seed)
         cover = foam.afloat(dusk, pose, sea, ship[..., 3])
         colour = dusk.warm(ship[..., :3] / np.maximum(ship[..., 3:], 1e-4))
-        far = .10 if pose is FIRST else .04
+        far = .04 if pose is FIRST else .12
         c = lay(c, lay(colour, linear('d88a62') * .8, np.full(cover.shape, far)), cover)
         c = foam.mirror(c, dusk, pose, sea, np.dstack([ship[..., :3], cover]), seed + 20)
         c = foam.waterline(c, dusk, pose, sea, seed + 10)

@@ -34,7 +34,7 @@ SHIP = (172, 81)        # top left corner of the 280 x 200 picture of the ship
 SHIP_SIZE = (280, 200)
 DISTANCE = 200.         # metres; 3.2 pixels a metre there
 VIEW = View((WATER - HORIZON) / 3.2, 3.2 * DISTANCE, 320., HORIZON)
-POSE = Pose('First', -24, 2, .5, (0, 0, 0), 30, ())
+POSE = Pose('First', -24, 2, .5, (0, 0, 0), 30, -1)
 BLOW = -14              # degrees off her heading, the wind's way
 
 

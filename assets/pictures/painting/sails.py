@@ -94,7 +94,11 @@ def square(ship, name, k, wind):
 
 
 def three_sided(ship, tack, head, clew, wind, depth):
-    """A headsail between its stay and its sheet."""
+    """A headsail between its stay and its sheet.
+
+    Deliberate: it throws no shadow. Thin cloth shines through, and the shadows of three sails on
+    each other would draw hard triangles into them.
+    """
     tack, head, clew = (np.array(p, float) for p in (tack, head, clew))
     a, b = np.meshgrid(np.linspace(.004, 1, 34), np.linspace(0, 1, 26), indexing='ij')
     a3, b3 = a[..., None], b[..., None]
@@ -105,7 +109,7 @@ def three_sided(ship, tack, head, clew, wind, depth):
     grid = grid + lee * (depth * camber)[..., None]
     # The foot hangs in a curve below the straight line from tack to clew.
     grid[..., 1] -= .4 * np.sin(np.pi * b) * a ** 4
-    ship.sheet(grid, 'T_Jib')
+    ship.sheet(grid, 'T_Jib', shadow=False)
     for edge in (grid[:, 0], grid[:, -1], grid[-1]):
         ship.path(edge[::2], .06, 'T_Rope')
 

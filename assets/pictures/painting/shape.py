@@ -9,7 +9,7 @@ import numpy as np
 STERN, BOW, BEAM = -23.5, 23., 6.3
 KEEL = -2.
 STEPS = ((.34, -1.9), (.80, 1.5))       # of the rail: quarterdeck and forecastle
-PORTS = np.linspace(.155, .865, 12)
+PORTS = np.linspace(.16, .86, 9)
 PORT_LINE = .60                         # of the sheer's height
 
 

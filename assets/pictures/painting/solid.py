@@ -22,7 +22,7 @@ class Solid:
     def declare(self, name):
         return '#declare %s = union{\n%s\n}\n' % (name, '\n'.join(self.parts))
 
-    def sheet(self, grid, texture):
+    def sheet(self, grid, texture, shadow=True):
         """Smooth surface over a (rows, columns, 3) grid, textured by its rows and columns."""
         grid = np.asarray(grid, float)
         rows, columns = grid.shape[:2]
@@ -35,11 +35,11 @@ class Solid:
                                 np.stack([first + 1, below + 1, below], 1)])
         self.parts.append(
             'mesh2{vertex_vectors{%s} normal_vectors{%s} uv_vectors{%s} face_indices{%s} '
-            'uv_mapping texture{%s}}' % (
+            'uv_mapping texture{%s}%s}' % (
                 join(grid.reshape(-1, 3), '<%.3f,%.3f,%.3f>'),
                 join(facing.reshape(-1, 3), '<%.4f,%.4f,%.4f>'),
                 join(np.stack([u.ravel(), v.ravel()], 1), '<%.4f,%.4f>'),
-                join(faces, '<%d,%d,%d>'), texture))
+                join(faces, '<%d,%d,%d>'), texture, '' if shadow else ' no_shadow'))
 
     def rod(self, a, b, thick, texture, end=None):
         """A round spar or rope between two points; `end` is its radius at the second."""

@@ -11,7 +11,7 @@ from painting.shape import (BOW, KEEL, PORT_LINE, PORTS, STERN, along, half, pla
 
 T = np.concatenate([np.linspace(0, .72, 90), .72 + .28 * np.sin(np.linspace(0, np.pi / 2, 40))[1:]])
 T = np.sort(np.concatenate([T, [.329, .331, .345, .347, .794, .797, .808, .812, .118, .132]]))
-BANDS = ((.32, .62), (.40, .55), (.775, .20), (1.0, .26))       # height of the sheer, thickness
+BANDS = ((.32, .62), (.40, .55), (.775, .28), (1.0, .34))       # height of the sheer, thickness
 
 
 def build(ship):
@@ -38,7 +38,7 @@ def side(ship, s):
         y = v * sheer(T)
         ship.path(place(T, y, s, -.10), thick / 2 * .8, 'T_Wale' if v < .5 else 'T_Gilt')
     cap = place(T, rail(T), s)
-    ship.path(cap, .17, 'T_Cap')
+    ship.path(cap, .25, 'T_Cap')
     ship.path(place(T, .5 * (rail(T) + sheer(T)), s, .0), .06, 'T_Gilt')
     inner = [cap - (0, 0, s * .35), np.where(np.arange(3) == 1, sheer(T)[:, None] - .3,
                                              cap - (0, 0, s * .5))]
@@ -66,15 +66,15 @@ def battery(ship, s):
     for t in PORTS:
         y = PORT_LINE * sheer(t)
         x, _, z = place(t, y, s)
-        ship.block((x - .62, y - .55, z - s * .5), (x + .62, y + .55, z + s * .03), 'T_Dark')
-        hinge, edge = np.array((x, y + .62, z + s * .04)), np.array((x, y + 1.05, z + s * 1.))
-        across = np.array((.62, 0, 0))
+        ship.block((x - .78, y - .66, z - s * .5), (x + .78, y + .66, z + s * .03), 'T_Dark')
+        hinge, edge = np.array((x, y + .72, z + s * .04)), np.array((x, y + 1.15, z + s * .6))
+        across = np.array((.78, 0, 0))
         for lift in (0, .08):
             up = np.array((0, lift, 0))
             ship.face([hinge - across + up, hinge + across + up, edge + across + up,
                        edge - across + up], 'T_Inner' if lift == 0 else 'T_Wale')
-        ship.rod((x, y, z - s), (x, y - .02, z + s * 1.5), .34, 'T_Gun', .25)
-        ship.rod((x, y - .02, z + s * 1.35), (x, y - .02, z + s * 1.55), .34, 'T_Gun')
+        ship.rod((x, y, z - s), (x, y - .02, z + s * .9), .30, 'T_Gun', .22)
+        ship.rod((x, y - .02, z + s * .75), (x, y - .02, z + s * .95), .30, 'T_Gun')
     for t in np.concatenate([np.linspace(.10, .30, 5), np.linspace(.83, .93, 2)]):
         y = sheer(t) + 1.9
         x, _, z = place(t, y, s)
