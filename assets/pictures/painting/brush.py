@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""How colour is laid on: coats over a picture, and brush strokes.
+"""How colour is laid on: coats over a picture, enlarged coarse layers, and brush strokes.
 
 To change: the stroke's size is the radius given to `kuwahara`.
 """
@@ -10,6 +10,18 @@ from scipy.ndimage import gaussian_filter, map_coordinates, uniform_filter
 
 def lay(c, colour, amount):
     return c + (colour - c) * np.asarray(amount)[..., None]
+
+
+def enlarge(a, n):
+    """Linear interpolation to n cells a pixel."""
+    h, w = a.shape
+    y = np.clip((np.arange(h * n) + .5) / n - .5, 0, h - 1)
+    x = np.clip((np.arange(w * n) + .5) / n - .5, 0, w - 1)
+    i, j = np.minimum(y.astype(int), h - 2), np.minimum(x.astype(int), w - 2)
+    fy, fx = (y - i)[:, None], (x - j)[None]
+    top = a[i][:, j] * (1 - fx) + a[i][:, j + 1] * fx
+    low = a[i + 1][:, j] * (1 - fx) + a[i + 1][:, j + 1] * fx
+    return top * (1 - fy) + low * fy
 
 
 def kuwahara(o, r):

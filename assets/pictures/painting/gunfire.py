@@ -10,15 +10,16 @@ import numpy as np
 
 from common.noise import fbm, smoothstep
 from common.palette import linear
-from painting.brush import lay
+from painting.brush import enlarge, lay
 from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # From stern to bow; none has not fired.
-AGES = {'First': (None, .03, None, .07, None, .11, None, .16, None, None, .9, 2.),
-        'Second': (3., None, .03, None, None, .07, None, None, .11, None, None, 1.6)}
-DIP = np.array([0, -.30, 0])     # the flames' heavy end sinks towards the water
+AGES = {'First': (None, None, None, None, .04, None, .13, .9, 2.),
+        'Second': (2.6, 1.6, .8, .15, None, .05, None, None, None)}
+LOBES = 5           # tongues of one flash
 FLASH = .3          # seconds that one lasts
+REACH = 3.4         # metres
 BLOW = np.array([np.cos(np.radians(WIND)), 0, np.sin(np.radians(WIND))])
 
 
@@ -36,8 +37,8 @@ def puffs(pose):
             at = muzzle + aim * (1.2 + 5.5 * (1 - np.exp(-1.6 * t)) * (1.3 - .6 * part))
             at = at + BLOW * (3.2 * t) + (0, .95 * t + .5 * np.sin(3. * k + part), 0)
             (x, y), = VIEW.project(at[None])
-            size = (.7 + 1.15 * t ** .75) * VIEW.focus / at[2]
-            out.append((x, y, size, .30 * np.exp(-.25 * t) * (1 if age > FLASH else .25)))
+            size = (.6 + 1.05 * t ** .75) * VIEW.focus / at[2]
+            out.append((x, y, size, .36 * np.exp(-.30 * t) * (1 if age > FLASH else .35)))
     return out
 
 
@@ -62,8 +63,8 @@ def smoke(c, dusk, corner, size, clouds, seed, cover_by=None, flashes=()):
     n = dusk.scale
     lit, ambient, cover = (enlarge(a, n) for a in (lit, ambient, cover))
     part = np.s_[y0 * n:(y0 + h) * n, x0 * n:(x0 + w) * n]
-    colour = linear('3e3350') * .62
-    colour = colour + (linear('a07f92') * .50 - colour) * np.clip(ambient, 0, 1)[..., None] * .9
+    colour = linear('4a4058') * .66
+    colour = colour + (linear('9a8f9e') * .50 - colour) * np.clip(ambient, 0, 1)[..., None] * .9
     colour = colour + linear('ffc488') * 1.0 * (np.clip(lit, 0, 1) ** 1.1)[..., None]
     for (x, y), strength in flashes:
         near = np.exp(-np.hypot(dusk.x[part] - x, dusk.y[part] - y) / 15)
@@ -75,18 +76,6 @@ def smoke(c, dusk, corner, size, clouds, seed, cover_by=None, flashes=()):
     return c
 
 
-def enlarge(a, n):
-    """Linear interpolation to n cells a pixel."""
-    h, w = a.shape
-    y = np.clip((np.arange(h * n) + .5) / n - .5, 0, h - 1)
-    x = np.clip((np.arange(w * n) + .5) / n - .5, 0, w - 1)
-    i, j = np.minimum(y.astype(int), h - 2), np.minimum(x.astype(int), w - 2)
-    fy, fx = (y - i)[:, None], (x - j)[None]
-    top = a[i][:, j] * (1 - fx) + a[i][:, j + 1] * fx
-    low = a[i + 1][:, j] * (1 - fx) + a[i + 1][:, j + 1] * fx
-    return top * (1 - fy) + low * fy
-
-
 def flashes(pose):
     """[(position, strength)] of the guns that are firing."""
     return [(tuple(VIEW.project(p[None])[0]), 1 - (age / FLASH) ** 2 * .8)
@@ -94,34 +83,47 @@ def flashes(pose):
 
 
 def tongues(dusk, pose):
-    """Light of the flames, to be added: each a ragged tongue outwards from its port."""
+    """Light of the flames, to be added: no two are alike, for each has its own age and shape."""
     light = np.zeros(dusk.x.shape + (3,))
     rough = fbm(*dusk.x.shape, 71, 1.45, size=2048)
     for k, (muzzle, aim, age) in enumerate(guns(pose)):
         if age > FLASH:
             continue
         strength = 1 - (age / FLASH) ** 2 * .8
-        reach = 3.4 * (.6 + .4 * strength)
-        start, end = VIEW.project(np.stack([muzzle, muzzle + (aim + DIP) * reach]))
-        along = end - start
-        # One that points at the eye is seen short, but never as a mere dot.
-        length = max(np.hypot(*along), 8 * strength + 5)
-        direction = along / max(np.hypot(*along), 1e-6)
-        u = ((dusk.x - start[0]) * direction[0] + (dusk.y - start[1]) * direction[1]) / length
-        v = ((dusk.y - start[1]) * direction[0] - (dusk.x - start[0]) * direction[1]) / length
-        q = np.clip(u, 0, 1)
-        wide = .045 + .13 * np.sqrt(q) * (1 - q) ** .5
-        wide = wide * np.clip(1 + .45 * rough + .3 * np.sin(17 * u + 3 * k), .4, 2)
-        flame = np.exp(-(v / wide) ** 2) * smoothstep(u, -.12, .04)
-        flame = flame * np.clip(1.15 - u + .22 * rough, 0, 1) ** .8
-        middle = start + .3 * along
-        away = np.hypot(dusk.x - middle[0], dusk.y - middle[1])
-        light += (2.6 * strength * flame ** 2)[..., None] * linear('ffe9a8')
-        light += (1.2 * strength * flame ** .9)[..., None] * linear('ff8a2c')
-        halo = .13 * strength * np.exp(-away / 5) + .04 * np.exp(-away / 26)
-        halo = halo + strength * on_water(dusk, muzzle + aim * .4 * reach)
+        start, end = VIEW.project(np.stack([muzzle, muzzle + aim * REACH]))
+        near = np.hypot(dusk.x - start[0], dusk.y - start[1])
+        rows, columns = np.nonzero(near < 45)
+        part = np.s_[rows.min():rows.max() + 1, columns.min():columns.max() + 1]
+        flame = blossom(dusk.x[part], dusk.y[part], start, end, age, rough[part], k)
+        # The middle is white, the rim red; an old flame has hardly any white left.
+        light[part] += (2.2 * strength * flame ** 2.2)[..., None] * linear('ffefc0')
+        light[part] += (1.3 * flame ** 1.1)[..., None] * linear('ff9a38')
+        light[part] += (.5 * flame ** .6)[..., None] * linear('e2501c')
+        halo = .09 * strength * np.exp(-near / 6) + .022 * np.exp(-near / 26)
+        halo = halo + strength * on_water(dusk, muzzle + aim * .4 * REACH)
         light += halo[..., None] * linear('ff8434')
     return light
+
+
+def blossom(x, y, start, end, age, rough, seed):
+    """A flame as several tongues: first a narrow jet, then a ragged ball that leaves the mouth."""
+    r, old = np.random.RandomState(40 + seed), age / FLASH
+    straight = np.arctan2(*(end - start)[::-1])
+    # One that points at the eye is seen short, but never as a mere dot.
+    long = max(np.hypot(*(end - start)), 9.) * (.8 + .5 * r.rand())
+    flame = np.zeros(x.shape)
+    for _ in range(LOBES):
+        turn = straight + r.normal() * (.10 + .75 * old)
+        length = long * (.5 + .5 * r.rand())
+        along = ((x - start[0]) * np.cos(turn) + (y - start[1]) * np.sin(turn)) / length
+        aside = ((y - start[1]) * np.cos(turn) - (x - start[0]) * np.sin(turn)) / length
+        q = np.clip(along - .5 * old, 0, 1)
+        wide = .05 + (.16 + .35 * old) * np.sqrt(q) * (1 - q) ** .5
+        wide = wide * np.clip(1 + .5 * rough, .4, 2)
+        tongue = np.exp(-(aside / wide) ** 2) * smoothstep(along, .4 * old - .12, .4 * old + .06)
+        tongue = tongue * np.clip(1.1 + .4 * old - along + .25 * rough, 0, 1)
+        flame = np.maximum(flame, tongue)
+    return flame
 
 
 def on_water(dusk, flame):

@@ -7,6 +7,7 @@ To change: the raggedness in `density`; where smoke lies, the painting itself sa
 import numpy as np
 
 DEPTH = 72
+SHEAR = .9      # the wind carries what has risen farther to the right
 
 
 def noise3(shape, seed, slope, lowest):
@@ -22,13 +23,13 @@ def noise3(shape, seed, slope, lowest):
 
 def density(w, h, puffs, seed):
     shape = (DEPTH, h, w)
-    ragged = .26 * noise3(shape, seed, 2.3, 5) + .17 * noise3(shape, seed + 1, 1.7, 14)
+    ragged = .30 * noise3(shape, seed, 2.3, 5) + .20 * noise3(shape, seed + 1, 1.7, 14)
     clear, r = np.ones(shape, np.float32), np.random.RandomState(seed + 2)
     for px, py, size, strength in puffs:
         for _ in range(12):
             a = r.rand() * 6.28
-            cx = px + np.cos(a) * size * .85 * r.rand() ** .5
-            cy = py + np.sin(a) * size * .50 * r.rand() ** .5
+            cy = py + np.sin(a) * size * .55 * r.rand() ** .5
+            cx = px + np.cos(a) * size * .85 * r.rand() ** .5 + SHEAR * (py - cy)
             cz = DEPTH / 2 + r.normal() * min(size * .3, DEPTH * .16)
             radius = size * (.30 + .45 * r.rand())
             ball(clear, ragged, (cz, cy, cx), radius, strength)
@@ -44,7 +45,7 @@ def ball(clear, ragged, middle, radius, strength):
     z, y, x = np.ogrid[box]
     cz, cy, cx = middle
     away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged[box]
-    clear[box] *= 1 - np.clip((1.15 - away) / 1.1, 0, 1) ** 1.5 * strength
+    clear[box] *= 1 - np.clip((1.12 - away) / .8, 0, 1) ** 1.4 * strength
 
 
 def before(d, axis):
@@ -59,8 +60,8 @@ def march(w, h, puffs, seed, k=.16, sun_right=True):
     d = density(w, h, puffs, seed)
     above, behind = before(d, 1), before(d, -1)
     aside = before(d, -3) if sun_right else before(d, 2)
-    sun = .40 * np.exp(-k * .55 * above) + .60 * np.exp(-k * .40 * (.55 * aside + .45 * behind))
-    sky = np.exp(-k * .25 * above)
+    sun = .40 * np.exp(-k * .9 * above) + .60 * np.exp(-k * .75 * (.55 * aside + .45 * behind))
+    sky = np.exp(-k * .35 * above)
     lit, ambient, through = np.zeros((h, w)), np.zeros((h, w)), np.ones((h, w))
     for i in range(DEPTH):
         a = 1 - np.exp(-k * d[i])
