@@ -11,7 +11,8 @@ from scipy.ndimage import gaussian_filter
 from common.light import linear_to_srgb
 from common.noise import fbm, smoothstep
 from common.palette import linear, rgb
-from painting.brush import lay
+from common.raster import reduce
+from painting.brush import enlarge, lay
 from painting.camera import VIEW
 from painting.sky import SUN_AZIMUTH, SUN_HEIGHT
 
@@ -46,7 +47,7 @@ class Dusk:
         down = np.clip(self.y - VIEW.horizon, 0, None)
         wide = 15 + .42 * down
         streak = smoothstep(self.noise(97, 1.0, sx=7.) + np.exp(-down / 9), -.5, 1.5)
-        light = streak * np.exp(-((self.x - SUN[0]) / wide) ** 2 - down / 52) * (down > 0)
+        light = streak * np.exp(-((self.x - SUN[0]) / wide) ** 2 - down / 75) * (down > 0)
         return (1.15 * light)[..., None] * linear('ffcf84')
 
     def ripples(self, water, top):
@@ -54,15 +55,15 @@ class Dusk:
         y = self.y[top:]
         far = np.exp(-np.clip(y - VIEW.horizon, 0, None) / 34)[..., None]
         n = self.scale
-        water = water + (gaussian_filter(water, (.5 * n, 2.4 * n, 0)) - water) * .9 * far
+        water = water + (gaussian_filter(water, (.5 * n, 2.4 * n, 0)) - water) * (.45 + .45 * far)
         near = smoothstep(y, 440, 560)
-        return water * (1 + .13 * near * self.noise(99, .9, sx=5.)[top:])[..., None]
+        return water * (1 + .06 * near * self.noise(99, .9, sx=5.)[top:])[..., None]
 
     def warm(self, colour):
         """A ship's colours in this light: golden, and dimmer the farther from the sun."""
         away = np.hypot(self.x - SUN[0], .6 * (self.y - SUN[1]))
-        fall = (1.10 - .62 * smoothstep(away, 120, 420))[..., None]
-        return colour * fall * linear('ffe8ce')
+        fall = (.97 - .30 * smoothstep(away, 120, 420))[..., None]
+        return colour * fall * linear('ffe2c2')
 
     def horizon(self, c):
         """The line between sky and sea, softened by some pixels and lost below the sun."""
@@ -92,9 +93,11 @@ class Dusk:
 
     def grade(self, c):
         """Bloom, tone curve, vignette and a little more colour; returns sRGB."""
-        bright = np.clip(c - .85, 0, 2)
-        for spread, amount in ((6, .22), (22, .20), (70, .26)):
-            c = c + gaussian_filter(bright, [spread * self.scale] * 2 + [0]) * amount
+        # Bloom has no detail, so a small picture does.
+        bright = reduce(np.clip(c - .85, 0, 2), self.scale)
+        bloom = sum(gaussian_filter(bright, (spread, spread, 0)) * amount
+                    for spread, amount in ((6, .22), (22, .20), (70, .26)))
+        c = c + np.dstack([enlarge(bloom[..., i], self.scale) for i in range(3)])
         c = c * 1.12
         c = c / (1 + .16 * c) * 1.06
         # A shoulder instead of a limit keeps the colours round the sun apart.

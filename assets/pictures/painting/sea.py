@@ -27,9 +27,9 @@ def field():
     k[0, 0] = 1
     length = TILE / k
     along = np.abs(np.cos(np.arctan2(kz, kx) + np.radians(52)))
-    amplitude = np.where(length > .45, length ** 2.35, 0) * np.exp(-(length / 15.) ** 4)
+    amplitude = np.where(length > .45, length ** 2.6, 0) * np.exp(-(length / 15.) ** 4)
     amplitude = amplitude * (.22 + .78 * along ** 2)
-    amplitude = amplitude + np.where((length > 20) & (length < 46), 34., 0) * along ** 4
+    amplitude = amplitude + np.where((length > 20) & (length < 46), 60., 0) * along ** 4
     amplitude[0, 0] = 0
     r = np.random.RandomState(44)
     h = np.fft.ifft2(amplitude * (r.normal(size=k.shape) + 1j * r.normal(size=k.shape))).real
