@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Height maps and ground colours of the barriers.
 
-A barrier blocks by its whole rectangle, so land and surf must fill it to rounded corners:
-coasts are laid out from the rectangle's own outline and only then disturbed.
+A barrier blocks by its whole rectangle, so land and surf must fill it except for
+rounded corners. Coasts start from the rectangle's outline and are then made irregular.
 
 To change: `bare_rock` colours both reef and rock.
 """

@@ -42,7 +42,7 @@ def kuwahara(o, r):
 
 
 def strokes(o, reach, soft):
-    """Smear the colours along their own lines, never across: edges come out drawn, not sawn."""
+    """Smear the colours along their own lines, never across: edges come out smooth, not jagged."""
     grey = gaussian_filter(o.mean(2), 1.)
     gy, gx = np.gradient(grey)
     xx, yy, xy = (gaussian_filter(a, soft) for a in (gx * gx, gy * gy, gx * gy))

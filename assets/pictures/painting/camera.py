@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Where the painted ships lie and where their parts appear, for scene and brush alike.
 
-Positions of the picture are its finished pixels, world positions metres: x right, y up, z away.
-To change: FIRST and SECOND place and turn the ships; VIEW is the camera.
+Picture positions are in finished pixels, world positions in metres: x right, y up, z away.
+To change: FIRST and SECOND set the position and heading of the ships; VIEW is the camera.
 """
 from dataclasses import dataclass
 
@@ -25,8 +25,8 @@ def turned(axis, degrees):
 @dataclass
 class View:
     eye: float          # its height above the sea
-    focus: float        # picture pixels of a metre at a distance of one
-    middle: float       # where the picture meets what lies straight ahead
+    focus: float        # pixels per metre at a distance of one metre
+    middle: float       # x of the point straight ahead, in pixels
     horizon: float
 
     def project(self, world):
@@ -77,7 +77,7 @@ class Pose:
         return self.world(points), self.axes() @ (0, 0, float(self.near))
 
 
-# The menu's panel hides 255 to 545 across. The ships meet on opposite courses, both with the wind
+# The menu's panel hides x 255 to 545. The ships meet on opposite courses, both with the wind
 # abeam or from behind, and the second lies farther off.
 FIRST = Pose('First', -40, 3, .6, (-61., .2, 158), 20, -1)
 SECOND = Pose('Second', -143, -3, -.4, (73., .1, 192), 40, 1)

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Cloth and paint of the painted ships, as pictures that POV-Ray lays onto them.
 
-To change: one function for each picture; colours are sRGB in 0..1.
+There is one function for each picture; colours are sRGB in 0..1.
 """
 import numpy as np
 from PIL import Image

@@ -72,16 +72,16 @@ class Dusk:
         return lay(c, gaussian_filter(c, (2.6 * self.scale, 3 * self.scale, 0)), band)
 
     def sun(self, o):
-        """Her disc, which melts into the haze downwards, within halos, each wider and redder.
+        """The sun's disc, which melts into the haze downwards, within halos, each wider and redder.
 
-        Laid over finished colours as light is over light: nothing round the sun comes out darker
-        or less golden for it, as it would through the tone curve.
+        Screen-blended after the tone curve, which would make the sky round the sun darker and less
+        golden.
         """
         r = np.hypot(self.x - SUN[0], (self.y - SUN[1]) * 1.04)
         soft = 1.8 + 2.6 * np.clip((self.y - SUN[1]) / 18 + .4, 0, 1)
         disc = 1 / (1 + np.exp(np.clip((r - 17) / soft, -50, 50)))
         bars = self.noise(95, 1.5, sx=9.)
-        # A bar of cloud before her, and haze over her lower half.
+        # A bar of cloud in front of the sun, and haze over its lower half.
         bar = np.exp(-((self.y - SUN[1] - 4 - 1.5 * bars) / 3.2) ** 2)
         haze = smoothstep(self.y, SUN[1] - 6, SUN[1] + 16)
         veil = (1 - .55 * bar) * (1 - .70 * haze)

@@ -14,11 +14,11 @@ from painting.camera import VIEW
 
 
 def profile(pose, sea):
-    """Picture positions (x, y), metres a pixel and part of her length, of her waterline."""
+    """Along her visible waterline: x, y, metres per pixel and share of her length."""
     points = pose.waterline()
     points[:, 1] = sea.height(points[:, 0], points[:, 2])
     x, y = VIEW.project(points).T
-    # Abaft her widest place the side turns away and is hidden.
+    # Behind her widest point the side turns away and is hidden.
     seen = np.argmin(x * np.sign(x[-1] - x[0]))
     part = np.linspace(0, 1, len(points))
     return x[seen:], y[seen:], points[seen:, 2] / VIEW.focus, part[seen:]
@@ -47,7 +47,7 @@ def waterline(c, dusk, pose, sea, seed):
     """Foam along the hull, the wave under her bow, and the torn water behind her stern."""
     x, y, pixel, part = profile(pose, sea)
     level, metre = across(dusk.x, x, y), 1 / across(dusk.x, x, pixel)
-    # Outside the hull the measures of its ends hold.
+    # Beyond bow and stern, the scale at that end applies.
     ahead = np.sign(x[-1] - x[0])
     length = 46. / abs(x[-1] - x[0])
     gone = np.where((dusk.x - x[-1]) * ahead < 0, (1 - across(dusk.x, x, part)) * 46,
@@ -90,7 +90,7 @@ def image(layer, level, x, y, ripple, scale):
 
 
 def mirror(c, dusk, pose, sea, ship, seed):
-    """The ship's image in the water before her; it fades where the sea gets rough and near."""
+    """The ship's image in the water in front of her; it fades where the sea gets rough and near."""
     x, y, _, _ = profile(pose, sea)
     level = gaussian_filter(across(dusk.x, x, y), (0, 6 * dusk.scale))
     ripple = .7 * dusk.noise(seed, 1.1, sx=5.) + .5 * dusk.noise(seed + 1, 1.5, sx=3.)

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Broadsides: tongues of fire from the ports and the smoke that rises from them.
 
-A broadside runs along the ship. Each gun that fired has an age in seconds; young ones still
-show their flash, the smoke of older ones has swollen and gone with the wind.
+A broadside runs along the ship. A gun that has just fired shows its flash; smoke from
+earlier shots has spread and drifted with the wind.
 To change: AGES says which guns of a ship fired, and when.
 """
 import numpy as np
@@ -14,7 +14,7 @@ from painting.brush import enlarge, lay
 from painting.camera import VIEW, WIND
 from painting.smoke import march
 
-# From stern to bow; none has not fired.
+# Seconds since each gun fired, from stern to bow; None for a gun that has not.
 AGES = {'First': (None, None, None, None, .04, None, .13, .9, 2.),
         'Second': (2.6, 1.6, .8, .15, None, .05, None, None, None)}
 LOBES = 5           # tongues of one flash
@@ -55,7 +55,7 @@ def bank(pose, reach, rise, strength):
 
 
 def smoke(c, dusk, corner, size, clouds, seed, cover_by=None, flashes=()):
-    """Smoke on a part of the picture; `cover_by` is what stands before it."""
+    """Smoke on a part of the picture; `cover_by` masks what is in front of it."""
     x0, y0 = corner
     w, h = size
     local = [(x - x0, y - y0, r, d) for x, y, r, d in clouds]
@@ -109,7 +109,7 @@ def blossom(x, y, start, end, age, rough, seed):
     """A flame as several tongues: first a narrow jet, then a ragged ball that leaves the mouth."""
     r, old = np.random.RandomState(40 + seed), age / FLASH
     straight = np.arctan2(*(end - start)[::-1])
-    # One that points at the eye is seen short, but never as a mere dot.
+    # One that points at the eye looks short, but is never drawn as a mere dot.
     long = max(np.hypot(*(end - start)), 9.) * (.8 + .5 * r.rand())
     flame = np.zeros(x.shape)
     for _ in range(LOBES):

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
-// A ship before the moon, on a clear ground; five metres are sixteen pixels of the picture.
+// A ship in front of the moon, on a clear ground; five metres are sixteen pixels of the picture.
 // To change: Through is how much of the moon shines through her sails; poses.inc turns her.
 // The picture's own script darkens her to a silhouette.
 #version 3.7;

@@ -4,8 +4,8 @@
 
 POV-Ray renders the ships; sky, sea, foam, smoke and gunfire are calculated round them. All of it
 is painted at twice the size, brush strokes included, and reduced at the end, so that every edge
-is smooth. To change: camera.py places the ships, gunfire.py fires, dusk.py lights, sea.py and
-foam.py are the water, `paint` holds the brush.
+is smooth. To change: the ships' places are in camera.py, the gunfire in gunfire.py, the light in
+dusk.py, the water in sea.py and foam.py, and the brush strokes in `paint`.
 """
 from pathlib import Path
 
@@ -49,7 +49,7 @@ def mirrored(layers):
         clear = seen
         for pose, ship in layers:
             seen = sea.reflect(rays, seen, ship * (.6, .6, .65, 1), pose.spot[2], VIEW, SCALE)
-        # On near waves a ship would be no image any more, but gravel.
+        # On near waves the reflection of a ship would break into specks.
         return clear + (seen - clear) * smoothstep(sea.z, 35, 95)[..., None]
     return look
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The "presents" picture: a ship before the rising moon, fading into the black around it.
+"""The "presents" picture: a ship in front of the rising moon, fading into the black around it.
 
 To change: MOON, SHIP, HORIZON and WATER are the layout; `water` and `foam` the sea.
 """
@@ -26,7 +26,7 @@ HORIZON = 262
 STERN = 241              # where her stern lantern stands
 WATER = 271             # where she parts the water: nearer than the horizon
 MOON = (322, 138, 71)    # middle and radius
-# Her dark seas: middle, half width and half height, of her radius.
+# The moon's dark areas: middle, half width and half height, as shares of its radius.
 MARIA = ((-.42, -.34, .34, .30), (-.62, .10, .26, .40), (.18, -.42, .24, .20),
          (.42, -.12, .24, .20), (.62, .18, .17, .24), (.36, .22, .15, .16), (-.22, .30, .26, .18),
          (.76, -.30, .11, .13), (-.05, -.68, .34, .08))
@@ -35,7 +35,7 @@ SHIP_SIZE = (280, 200)
 DISTANCE = 200.         # metres; 3.2 pixels a metre there
 VIEW = View((WATER - HORIZON) / 3.2, 3.2 * DISTANCE, 320., HORIZON)
 POSE = Pose('First', -24, 2, .5, (0, 0, 0), 30, -1)
-BLOW = -14              # degrees off her heading, the wind's way
+BLOW = -14              # where the wind blows to, in degrees from her heading
 
 
 def sky(c, moonless=False):
@@ -49,7 +49,7 @@ def sky(c, moonless=False):
         stars = smoothstep(fbm(*c.shape, seed, .1), rare, rare + .55) * clear
         colour = blend(colour, linear('dfe6ee'), np.clip(c.blur(stars, spread) * light, 0, 1))
     uneven = 1 + .16 * fbm(*c.shape, 27, 1.9)
-    # The haze round the moon takes light from her, so that her rim melts into the sky.
+    # The haze takes its light from the moon, so that the moon's rim melts into the sky.
     for spread, light in ((14, .50), (44, .34), (120, .22)):
         halo = light * uneven * np.exp(-np.clip(away - r, 0, None) / spread)
         colour = colour + linear('9fa9ab') * .45 * halo[..., None]
@@ -73,12 +73,12 @@ def clouds(c, colour, away):
 
 
 def disc(x, y):
-    """How much of the moon's disc a place shows; her rim is soft."""
+    """How much of a point the moon's disc covers; its rim is soft."""
     return smoothstep(MOON[2] - np.hypot(x - MOON[0], y - MOON[1]), -1.6, 2.2)
 
 
 def moon(c, u, v):
-    """Her face, u and v from -1 to 1: dark seas, bright rays from one crater, a dimmer limb."""
+    """The moon's face, u and v from -1 to 1: dark areas, bright rays from a crater, a dim limb."""
     warp = .07 * fbm(*c.shape, 13, 1.9), .07 * fbm(*c.shape, 14, 1.9)
     seas = np.zeros(c.shape)
     for at_u, at_v, wide, high in MARIA:
@@ -114,7 +114,7 @@ def water(picture, dark, ship):
 
     picture = picture.copy()
     seen = sea.water(sky_at, things, gleam, ('0a1428', '12304a'))
-    # The eye takes single glints together into strokes along the waves.
+    # The eye merges single glints into streaks along the waves.
     picture[sea.top:] = .2 * seen + .8 * gaussian_filter(seen, (.6 * SCALE, 1.8 * SCALE, 0))
     picture = picture + column(MOON[0], 44, .42, 1.15, 400)[..., None] * linear('ffe9b8')
     picture = picture * (1 - image_of(ship))[..., None]
@@ -175,20 +175,20 @@ def with_ship(picture, dark, work):
 
 
 def moonlit(ship):
-    """The ship as a silhouette: blue and dark, but for her lamps and what the moon outshines."""
+    """The ship as a silhouette, except for her lamps and the cloth in front of the moon."""
     y, x = (np.mgrid[0:H * SCALE, 0:W * SCALE] + .5) / SCALE
     cover, colour = ship[..., 3], ship[..., :3]
     lamps = smoothstep(colour[..., 0] - colour[..., 2], .05, .11)
-    # Warm cloth in the moon's light is no lamp: they all hang at the stern, below her sails.
+    # Moonlit cloth is warm, too, so only warm pixels at the stern, below the sails, count as lamps.
     lamps = (lamps * (x < 262) * (y > 234))[..., None]
     grey = colour.mean(2, keepdims=True)
-    # Single canvas lets the moon through where it stands before her, and only there.
+    # One layer of canvas lets moonlight through where the moon is behind it.
     face = gaussian_filter(disc(x, y), 1.5 * SCALE)[..., None]
     cloth = smoothstep(grey, .012, .05) * (y < WATER - 28)[..., None]
     dark = colour * .10 + grey * linear('7f97c4') * (.34 + .2 * (y > WATER - 28)[..., None])
     dark = dark + cloth * grey * face * linear('c3cdb4') * 1.1
     ship[..., :3] = dark * (1 - lamps) + lamps * colour * (2.3, 1.7, 1.)
-    # Light creeps round what stands before the moon, and lies thinly on what faces the sky.
+    # A faint rim of moonlight on edges in front of the moon, and sky light on upper edges.
     behind = disc(x, y) * (1 - cover)
     for spread, light in ((.55, .50), (3., .10)):
         ship[..., :3] += (light * cover * gaussian_filter(behind, spread * SCALE))[
@@ -206,7 +206,7 @@ def foam(ship):
     y, x = np.mgrid[0:H, 0:W].astype(float)
     columns = np.flatnonzero(ship[WATER - 4, :, 3] > .5)
     length = np.ptp(columns)
-    stern, bow = x - columns[0], columns[-1] - x         # pixels before one, abaft the other
+    stern, bow = x - columns[0], columns[-1] - x         # pixels ahead of the stern; behind the bow
     rough, fine = fbm(H, W, 43, 1.2, sx=2.5), fbm(H, W, 44, .8, sx=1.6)
     rise = 6.5 * np.exp(-((bow - 4) / 6) ** 2) + 2.6 * np.exp(-((bow - 17) / 9) ** 2)
     above = WATER + .4 - y + .5 * rough
@@ -220,14 +220,14 @@ def foam(ship):
     wake = np.exp(-((above + 1.2 + .03 * trail) / (1.2 + .03 * trail)) ** 2) * (stern < 2)
     wake = wake * np.exp(-trail / (.35 * length)) * smoothstep(rough + .6 * fine, -.6, 1.4) * .7
     cover = np.maximum.reduce([.9 * wave, side, wake])
-    # The moon is ahead of her: the bow wave takes her light, the wake only the sky's.
+    # The moon is ahead of the ship: the bow wave is moonlit, the wake is lit only by the sky.
     warm = np.exp(-np.clip(bow, 0, None) / 40)[..., None]
     colour = linear('5d7090') * (1 - warm) + linear('e6dcc0') * .8 * warm
     return layer(colour, gaussian_filter(cover, .35))
 
 
 def word(scene):
-    """The word "presents" in pale gold, its shallow bevel parted from the sea by one dark line."""
+    """The word "presents" in pale gold, its shallow bevel separated from the sea by a dark line."""
     c = Canvas(W, H)
     mask = c.fatten(c.text('presents', 30, W / 2, 372, spacing=4), .15)
     line = np.clip((1.2 - c.outside(mask)) * c.scale * .5, 0, 1)

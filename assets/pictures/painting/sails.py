@@ -6,7 +6,7 @@ To change: YARDS is the sail plan; `belly` and `creases` shape the cloth.
 """
 import numpy as np
 
-# Per mast: where it stands, its truck, and per yard height, half length; the lowest first.
+# For each mast: x, the height of its top, and (height, half length) of each yard, lowest first.
 YARDS = {
     'fore': (12.5, 48.5, ((20.5, 11.5), (32.6, 9.6), (41.2, 6.7), (46.4, 4.6))),
     'main': (-3.2, 53., ((21.5, 13.4), (35.2, 10.6), (44.8, 7.4), (50.6, 5.1))),
@@ -116,7 +116,7 @@ def three_sided(ship, tack, head, clew, wind, depth):
 
 def headsails(ship, wind):
     s = wind.side
-    # Their luffs lie on the stays, their heads well before the bellies of the square sails.
+    # Their luffs lie on the stays, their heads well forward of the bellies of the square sails.
     three_sided(ship, (42.4, 21.4, 0), (20., 40.6, 0), (28.4, 18.8, 2.4 * s), wind, 1.7)
     three_sided(ship, (38.5, 19.0, 0), (19.5, 35.8, 0), (24.6, 15.2, 2.8 * s), wind, 1.7)
     three_sided(ship, (32.2, 15.4, 0), (18.5, 28.3, 0), (20.4, 12.4, 3. * s), wind, 1.4)

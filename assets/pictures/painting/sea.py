@@ -12,7 +12,7 @@ from common.palette import linear
 from painting.camera import VIEW
 from painting.sky import SUN_AZIMUTH
 
-CELLS, TILE = 2048, 190.        # of the field of waves; it repeats after so many metres
+CELLS, TILE = 2048, 190.        # of the field of waves; metres after which it repeats
 STEPS, REACH = 56, 2600.
 HEIGHT = .27                    # standard deviation, metres
 LEVELS = 6
@@ -112,10 +112,10 @@ class Sea:
         return r, .02 + .98 * (1 - facing) ** 5
 
     def water(self, sky, things, gleam, body=BODY):
-        """Colour of the sea under a sky and before things that stand on it.
+        """Colour of the sea, which reflects a sky and the things that stand on the water.
 
-        `sky` and `gleam` are functions of a direction, azimuth and height; `things` puts what the
-        mirrored rays meet before the sky that they see.
+        `sky` and `gleam` are functions of a direction, azimuth and height; `things` draws what
+        the reflected rays hit over the sky.
         """
         r, share = self.mirror()
         azimuth = np.arctan2(r[..., 0], r[..., 2])
@@ -127,7 +127,7 @@ class Sea:
         return (deep + shining * thin[..., None]) * (1 - share)[..., None] + seen * share[..., None]
 
     def reflect(self, rays, seen, layer, distance, view, scale):
-        """Put a layer of the picture, which stands upright at a distance, before what is seen."""
+        """Draw an upright layer at a distance over what the rays see."""
         away = np.maximum(distance - self.z, 0)
         run = away / np.maximum(rays[..., 2], .05)
         x, y = view.at(self.x + run * rays[..., 0], self.h + run * rays[..., 1], distance)

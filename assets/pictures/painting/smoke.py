@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Powder smoke: a small volume of noise, lit by marching through it.
 
-To change: the raggedness in `density`; where smoke lies, the painting itself says.
+To change: the raggedness in `density`. The painting's script says where the smoke is.
 """
 import numpy as np
 

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The painted ship's hull: sides, wale, gun ports, stern with its gallery, and the head.
 
-To change: one function for each part; the paint of the sides is in dress.py.
+There is one function for each part; the paint of the sides is in dress.py.
 """
 import numpy as np
 
