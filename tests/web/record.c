@@ -3,12 +3,14 @@
 
 /* Preloaded into the game for Linux. Plays the events of a file on a virtual clock and writes the
    hash of the display after every frame and of every chunk of sound that the mixer makes. The page
-   test does the same in a browser, and the two outputs must be equal.
+   test does the same in a browser, and the two outputs must be equal. It also writes the file of
+   each piece of music that starts ("mFILE"), which the page test cannot.
 
    RECORD_EVENTS names the file: "FRAME KIND A B" a line, with the kinds of web/page/input.js, and
    kind 6 for A chunks of sound at the end of the frame. RECORD_SEED is the calendar time. */
 #define _GNU_SOURCE
 #include <SDL.h>
+#include <SDL_mixer.h>
 #include <dlfcn.h>
 #include <pthread.h>
 #include <stdio.h>
@@ -95,6 +97,33 @@ static void recordChunk(void) {
         h = hash(h, chunk[i]);
     }
     printf("s%08x\n", h);
+}
+
+/* Music: the mixer's own functions, and the names of the pieces. */
+
+static struct {
+    Mix_Music* music;
+    char name[64];
+} pieces[4];
+
+Mix_Music* Mix_LoadMUS(const char* file) {
+    static int count;
+    Mix_Music* (*real)(const char*);
+    *(void**)&real = dlsym(RTLD_NEXT, "Mix_LoadMUS");
+    pieces[count].music = real(file);
+    snprintf(pieces[count].name, sizeof pieces[count].name, "%s", strrchr(file, '/') + 1);
+    return pieces[count++].music;
+}
+
+int Mix_PlayMusic(Mix_Music* music, int loops) {
+    int (*real)(Mix_Music*, int);
+    *(void**)&real = dlsym(RTLD_NEXT, "Mix_PlayMusic");
+    for (int i = 0; i < 4; ++i) {
+        if (music && pieces[i].music == music) {
+            printf("m%s\n", pieces[i].name);
+        }
+    }
+    return real(music, loops);
 }
 
 /* Time: every wait of a millisecond is one; a frame ends with its sixteenth. */
