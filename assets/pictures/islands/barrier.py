@@ -116,20 +116,38 @@ def shelf_water(g, shelf, glow):
     return layer(colour, np.clip(.74 + .24 * near, 0, .95))
 
 
+def streaks(g, seed):
+    """Noise drawn out along the swell, about 0 and of unit deviation."""
+    along, across = g.x * SWELL[0] + g.y * SWELL[1], g.x * SWELL[1] - g.y * SWELL[0]
+    rows = ((along / 5 + g.w) * CELLS).astype(int) % g.shape[0]
+    columns = ((across + g.w) * CELLS).astype(int) % g.shape[1]
+    return gaussian_filter(g.noise(1.2, 12, 2.2, seed)[rows, columns], .5 * CELLS)
+
+
+def trailing(g, foam):
+    """The same foam and what the swell carries on of it, in streaks that die away."""
+    source = gaussian_filter(foam, .8 * CELLS)
+    carried = np.zeros(g.shape)
+    for step in range(2, 22, 2):
+        moved = shift(source, SWELL[::-1] * step * CELLS, order=1)
+        carried = np.maximum(carried, moved * np.exp(-step / 11))
+    return np.maximum(foam, .75 * smoothstep(carried + .18 * streaks(g, 88), .22, .9))
+
+
 def breakers(g, surge, front, lace):
-    """Foam: thick where the swell breaks, a broken thread in the lee."""
-    broad, fine = g.noise(1.2, 22, 6, 81), g.noise(.9, 5, 1.2, 83)
+    """Foam: thick where the swell breaks, drawn out past the stones, a thread in the lee."""
+    broad, fine = g.noise(1.2, 22, 6, 81), g.noise(.9, 5, 1.8, 83)
     threads = 1 - np.abs(g.noise(1.1, 12, 3, 82)) / .9
     reach = surge * front * np.clip(.85 + .45 * broad, .15, 2.)
     amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
-    foam = smoothstep(amount + .26 * threads + .12 * fine, .4, .9)
-    # It ends well inside the rectangle here and close to it there, so that no side shows.
-    ends = g.h / 60 * (3.2 * g.noise(1.3, 34, 7, 86) + .9 * g.noise(1., 7, 2, 87))
-    ended = smoothstep(within(g, .3 * g.h) + ends, 3.5, 7.5)
-    line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .2 * fine, 0, .85)
-    torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .3 * fine, 0, 1)
-    outer = lace * torn * np.exp(-((g.offshore - 2. - .9 * broad) / .75) ** 2)
-    foam = np.maximum(np.maximum(foam, outer) * ended, line)
+    foam = smoothstep(amount + .24 * threads + .04 * fine, .35, 1.)
+    line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .1 * fine, 0, .85)
+    torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .15 * fine, 0, 1)
+    outer = lace * torn * np.exp(-((g.offshore - 2. - .9 * broad) / .85) ** 2)
+    # It ends in an uneven oval, well inside the rectangle here and close to it there.
+    ends = g.h / 60 * 4. * g.noise(1.3, 34, 7, 86)
+    ended = smoothstep(within(g, .46 * g.h) + ends, 2.5, 8.5)
+    foam = np.maximum(trailing(g, np.maximum(foam, outer)) * ended, line)
     return foam * (g.offshore > 0) * (1 - .35 * beside_sand(g))
 
 

@@ -26,8 +26,7 @@ BLOCKS = (
 # x, y of a point on the cleft, the bearing across it, half its width and its depth.
 CLEFTS = ((-9, -3, -18, .7, 3.), (4, -8, 40, .6, 2.5))
 # x, y, radius, height of single stones at its foot.
-RUBBLE = (
-    (25, 6, 4, 5), (-18, 19, 6, 10), (-19, -19, 4.2, 6), (-10, 25, 3, 4), (21, 23, 2.4, 3))
+RUBBLE = ((24, 4, 4, 6), (-15, 18, 5, 8), (-9, -20, 3.4, 5))
 # The same for those that stay under water.
 DROWNED = (
     (-21, -18, 13, 10), (20, -22, 10, 8), (-24, -3, 10, 9), (20, 23, 12, 9), (2, -25, 10, 8),
@@ -70,4 +69,4 @@ def make(work):
     g = heights()
     g.colour = bare_rock(g)
     water = barrier.stony_shallows(g, shelf=9., surge=15., lace=.8, glow=.8)
-    return barrier.make(g, [], work, water, edge=(11, 6., 2., 5.), spray=.8, fill=.75, dark=.7)
+    return barrier.make(g, [], work, water, edge=(13, 5.8, 1.1, 4.1), spray=.8, fill=.5, dark=.7)
