@@ -8,6 +8,7 @@ ways; LANDING, FIELD and JETTY are the settlement's places; the numbers in `make
 import numpy as np
 from scipy.ndimage import gaussian_filter
 
+from common.light import SUN, normals
 from common.noise import smoothstep
 from islands import barrier
 from islands.terrain import CELLS, Ground, lerp, srgb
@@ -80,6 +81,14 @@ def beach(g):
     return np.clip(7.5 + 4.5 * g.noise(1.5, 110, 30, 58) + 1.5 * g.noise(1.3, 30, 4, 53), 3.5, 17)
 
 
+def relief(g):
+    """The light and shade of the mountain's larger faces, 1 on level ground. Deliberate: painted
+    into the stone on top of the scene's own light, which alone leaves the ridge flat.
+    """
+    faces = gaussian_filter(g.height, .9 * CELLS)
+    return np.clip((normals(faces * CELLS) * SUN).sum(2) / SUN[2], .5, 1.3)[..., None]
+
+
 def ground(g):
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
@@ -98,7 +107,8 @@ def ground(g):
     c = lerp(c, crops, green * plot * .9)
     trodden = np.maximum(path(g), .9 * g.hump(LANDING[0] - 3, LANDING[1], 15, 9))
     c = lerp(c, srgb('sand') * .92 + .02 * spots, smoothstep(trodden, .3, .8) * .8)
-    stone = lerp(srgb('rock'), srgb('rock_lit'), .45) + .03 * broad[..., None] + .045 * spots
+    stone = lerp(srgb('rock'), srgb('rock_lit'), .5) + .03 * broad[..., None] + .03 * spots
+    stone = stone * relief(g)
     cliff = smoothstep(g.slope + .16 * broad, .85, 1.25) * smoothstep(g.inland, 3, 8)
     c = lerp(c, stone, cliff)
     return lerp(c, stone * 1.1, smoothstep(g.height + 2 * broad, 36, 43))
@@ -153,4 +163,4 @@ def make(work):
     water = barrier.sandy_shallows(
         g, reach=25, pale=.7,
         lines=((5.6, .9, .55, .2), (10.5, 1.1, .8, .3), (15., .8, .6, .1)))
-    return barrier.make(g, plants, work, water, edge=(30, 4., 4., 13.))
+    return barrier.make(g, plants, work, water, edge=(40, 3., 6., 14.))
