@@ -34,7 +34,8 @@ protected:
         return 200L * start + 50L * turned;
     }
 
-    // The phases that integers allow: two where the heading lies just between them.
+    // The phase in integer arithmetic. A heading exactly on the border of two phases may have
+    // either.
     static std::vector<int> phasesOf(long thousandthsOfHeading) {
         const long a = ((4911 - thousandthsOfHeading) % 6282 + 6282) % 6282;
         const int phase = static_cast<int>(a * 36 / 6282);
@@ -49,7 +50,8 @@ protected:
     }
 };
 
-// A whole number of pixels, cut towards zero by comparison alone, with more digits than a double.
+// The whole pixels of a distance, towards zero, by comparison alone and with more digits than a
+// double has.
 int cut(long double distance) {
     int pixels = 0;
     while (static_cast<long double>(pixels + 1) <= std::fabs(distance)) {
@@ -77,7 +79,7 @@ TEST_F(HeadingsTest, theHitBoxFollowsEveryReachableHeading) {
                 const SDL_Rect box = ship.myCollisionRect();
                 ASSERT_TRUE(hasBoxOf(box, phases.front()) || hasBoxOf(box, phases.back()))
                     << "start " << start << ", turn " << side * i;
-                // Centred: as much of the ship left of it as right of it, but for an odd pixel.
+                // Centred on the ship, except for an odd pixel.
                 ASSERT_EQ(box.x, 600 + 50 - box.w / 2);
                 ASSERT_EQ(box.y, 500 + 50 - box.h / 2);
                 ++seen[phases.front()];

@@ -40,8 +40,8 @@ bool shareAPixel(const std::set<int>& a, const std::set<int>& b) {
     return false;
 }
 
-// What a viewport shows along one axis, walked up pixel by pixel: it stays at the border until the
-// ship's middle has come to its own, and stops short of the far border by one pixel.
+// Where a viewport lies on one axis for each place of the ship, found pixel by pixel: it stays at
+// the border until the ship has reached its middle, and stops one pixel before the far border.
 std::vector<Sint16> viewportPlaces(int viewportLength) {
     std::vector<Sint16> places;
     int place = 0;
@@ -122,7 +122,7 @@ TEST_F(PlacesTest, barriersNeverOverlapInAnyWorld) {
         srandom(seed);
         const GameHandler battle;
         ASSERT_EQ(battle.barriers.size(), 13U);
-        // Every barrier marks its pixels on a chart of the sea; none may be marked twice.
+        // Every barrier marks its pixels on a chart of the sea. No pixel may be marked twice.
         std::vector<bool> chart(worldSize * worldSize);
         for (const Barrier* barrier : battle.barriers) {
             const SDL_Rect place = barrier->rect;

@@ -27,7 +27,7 @@ const std::vector<SDLKey> battleKeys = {SDLK_a,     SDLK_d,      SDLK_w,     SDL
                                         SDLK_z,     SDLK_LEFT,   SDLK_UP,    SDLK_RIGHT,
                                         SDLK_SPACE, SDLK_RETURN, SDLK_DELETE};
 
-// Presses and lets go keys at random; most are held for a while, as players do.
+// Presses and releases keys at random. Most are held for a while, as players do.
 void fumble(std::mt19937& random) {
     if (random() % 4 != 0) {
         return;
@@ -52,7 +52,7 @@ bool insideABarrier(const GameHandler& battle, const SDL_Rect& ship) {
     return false;
 }
 
-// What one ship was and did before a frame.
+// One ship before a frame, and its statistics so far.
 struct Watch {
     PlayerShip* ship;
     Bullet* enemyBall;
@@ -142,7 +142,7 @@ TEST_F(VoyagesTest, whateverPlayersPressTheRulesHold) {
         }
         Keyboard::releaseKeys();
     }
-    // The voyages were worth watching.
+    // Otherwise too little happened to prove anything.
     EXPECT_GT(frames, voyages * framesOfVoyage / 2);
     EXPECT_GT(hits, voyages);
     EXPECT_GT(jumps, voyages * 2);

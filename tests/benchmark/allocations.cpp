@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <new>
 
-// The C library's own names for its allocator, so that the usual names can be taken over here,
-// for the game and for every library it loads.
+// The C library's internal names for its allocator. The usual names are replaced here, for the game
+// and for every library it loads.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);

@@ -3,7 +3,7 @@
 
 #pragma once
 
-// Counts the memory that is asked for on this thread, by the game and by the libraries below it.
+// Counts the allocations of this thread, by the game and by the libraries.
 
 struct Allocations {
     long byGame = 0;      // operator new

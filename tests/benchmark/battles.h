@@ -18,8 +18,8 @@ void multiplyBarriers(GameHandler& battle, int times);
 // Gives the battle a square world of this size in pixels, with the sea repeated over it.
 void enlargeWorld(GameHandler& battle, int size);
 
-// What no duel can do without: the sea onto the world, and two viewports onto the display. All of
-// them are plain surfaces, so that the floor stays where it is whatever flags the game sets.
+// The copies that every frame of a duel needs: the sea onto the world, and two viewports onto the
+// display. All are plain surfaces, so this baseline does not depend on the flags the game sets.
 class BareCopies {
 public:
     explicit BareCopies(GameHandler& copiedBattle);

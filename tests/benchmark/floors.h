@@ -3,7 +3,8 @@
 
 #pragma once
 
-// What the game's work costs at the least, without the game. Each prints lines of JSON.
+// Baselines: the least that the game's work can cost, measured without the game. Each prints lines
+// of JSON.
 
 // Decodes every file that the game loads, once, in this process.
 void measureDecoding();

@@ -3,9 +3,9 @@
 
 #pragma once
 
-// Frames of the game's screens, each beside the same drawing done bare, in turn in one run, so
-// that the ratio holds on a busy machine. The flip at the end of a frame is the library's own work
-// and is left out everywhere.
+// Frames of the game's screens and, in turn with them, the same drawing calls without the game, so
+// that the ratio is reliable on a busy machine. The flip at the end of a frame is the library's own
+// work and is never included.
 
 void measureBattleFrames();
 void measureMenuFrames();

@@ -122,7 +122,7 @@ int __wrap_SDL_SetAlpha(SDL_Surface* surface, Uint32 flags, Uint8 alpha) {
 }
 
 int __wrap_SDL_Flip(SDL_Surface* surface) {
-    // What the library does to show the frame is not the frame's.
+    // The work of showing a frame is the library's, so it is not counted as the game's.
     const bool wasCounting = countAllocations(false);
     const Clock::time_point start = Clock::now();
     const int result = __real_SDL_Flip(surface);

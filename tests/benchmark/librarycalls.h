@@ -5,8 +5,8 @@
 
 #include <SDL.h>
 
-// The linker redirects the game's drawing calls to this file. They can be recorded and made again
-// without the game, which is the least that a frame with this picture can cost.
+// --wrap redirects the game's drawing calls to this file. They can be recorded and repeated without
+// the game, which is the least that a frame with this picture can cost.
 
 void recordCalls(bool on);
 void forgetCalls();

@@ -30,7 +30,7 @@ PLAYED_FRAMES = 400
 FRAME = 16.0  # milliseconds
 PACED_FRAMES = 10000
 DISTURBED_FRAMES = 1000
-HELD_UP = 40.0  # milliseconds, at least, of a frame that was held up
+HELD_UP = 40.0  # milliseconds, the least that a delayed frame takes
 SCREENS = ("menu", "battle", "help")
 # How each screen is reached: steps of a script, see tests/support/watch/script.h.
 TO_MENU = "frames=5 " + tap("escape") + "frames=5 "
@@ -194,7 +194,7 @@ def report_start(bench, results):
 
 
 def report_shares(bench, results):
-    """The part of a core that each screen takes, without and with a display."""
+    """The share of a core that each screen takes, without and with a display."""
     pacing = bench.results("pacing", "300")["pacing steps alone"]["median"]
     row("pacing steps alone", pacing, "% of a core")
     results["share"] = {"pacing": pacing}

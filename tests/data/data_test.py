@@ -13,7 +13,7 @@ from smalldata import FILES, PICTURES
 ROOT = Path(__file__).resolve().parents[2]
 DATA = ROOT / 'data'
 
-# Whose sizes the layout of a screen or of a sheet fixes.
+# The pictures whose size the layout of a screen or of a sheet fixes.
 FIXED = {'tlacitka.png', 'pozadie-lode3.png', 'bar1.png', 'bar2.png', 'kruh.png', 'lod1.png',
          'cball.png'}
 
@@ -91,7 +91,7 @@ def test_menu_fits_the_display():
 def test_every_button_row_holds_a_plate_and_the_highlight_differs():
     strip = pixels('tlacitka.png')
     for row in range(13):
-        # Words or an emblem stand on the plate: gold on dark wood, ink on lit wood.
+        # The plate carries words or an emblem: gold on dark wood, ink on lit wood.
         assert lightness(strip[43 * row + 12:43 * row + 30, 30:170]).std() > 20
         normal = strip[43 * row:43 * row + 43]
         highlighted = strip[559 + 43 * row:559 + 43 * row + 43]
@@ -185,7 +185,7 @@ def test_ship_turns_on_the_spot():
                                        lambda at: at[0].max() + 1))
     sideways = (left + numpy.roll(right, 18)) / 2
     assert numpy.abs(sideways - 50).max() <= 1
-    # Sails hide her upper bound, so the lower one is compared with that of a quarter turn.
+    # Sails hide the upper bound of the hull, so the lower one is compared with a quarter turn's.
     upwards = lower + numpy.roll(left, -9)
     upwards = (upwards + numpy.roll(upwards, 18)) / 2
     assert numpy.abs(upwards - upwards.mean()).max() <= 1
@@ -202,7 +202,7 @@ def shadow_direction(frame):
 
 @pytest.mark.parametrize('phase', range(36))
 def test_ships_shadow_falls_to_the_lower_right(phase):
-    # Were the picture merely turned, it would go round with her.
+    # If the picture were merely turned, the shadow would turn with the ship.
     assert abs(shadow_direction(ship(phase)) - 50) <= 15
 
 
@@ -220,7 +220,7 @@ def luminance(colours):
 
 
 def without_holes(mask):
-    """The mask with everything added that it encloses."""
+    """The mask with its holes filled."""
     ground = Image.fromarray(numpy.pad(mask, 1).astype(numpy.uint8)).copy()
     ImageDraw.floodfill(ground, (0, 0), 2)
     return numpy.asarray(ground)[1:-1, 1:-1] != 2
@@ -245,7 +245,7 @@ def test_ships_outline_stands_out_from_the_sea(phase):
     clear = body & ((lighter + 0.05) / (darker + 0.05) >= 3)
     beside = neighbours(~body, True)
     outline = body & (beside[0, 1] | beside[1, 0] | beside[1, 2] | beside[2, 1])
-    # A clear tone on the outermost pixel or on the one beside it.
+    # A clear tone on the outermost pixel or its neighbour.
     assert neighbours(clear, False).any((0, 1))[outline].mean() >= 0.9
 
 
@@ -256,14 +256,14 @@ def test_packed_picture_is_solid(name):
 
 @pytest.mark.parametrize('name', [name for name, (_, alpha) in PICTURES.items() if alpha])
 def test_alpha_is_none_or_all_where_nobody_could_tell(name):
-    # The game blends every pixel in between one by one, in every frame.
+    # The game has to blend every half-transparent pixel in every frame.
     alpha = pixels(name)[..., 3]
     assert not ((alpha > 0) & (alpha <= 4)).any()
     assert not ((alpha >= 251) & (alpha < 255)).any()
 
 
 def test_no_crest_of_the_sea_is_striking():
-    # The tile lies more than once in a view, where the eye finds a bright crest again.
+    # A view shows the tile more than once, so a bright crest would be seen to repeat.
     sea = lightness(pixels('voda.png'))
     wide = numpy.pad(sea, ((0, 8), (0, 8)), mode='wrap').cumsum(0).cumsum(1)
     wide = numpy.pad(wide, ((1, 0), (1, 0)))
@@ -273,7 +273,7 @@ def test_no_crest_of_the_sea_is_striking():
 
 
 def rims(solid):
-    """How far inside each side of the rectangle the picture begins, without the corners."""
+    """The distance of the picture from each side of the rectangle, without the corners."""
     for side in (solid, solid[::-1], solid.T, solid.T[::-1]):
         away = numpy.where(side.any(axis=0), side.argmax(axis=0), len(side))
         yield away[len(away) // 8:-(len(away) // 8)]
@@ -335,5 +335,5 @@ def test_ship_of_the_night_picture_is_a_silhouette_before_the_moon():
     disc = numpy.hypot(x - middle, y - rows.min() - radius) < .9 * radius
     share = [((low * moon <= luma) & (luma < high * moon) & disc).sum() / disc.sum()
              for low, high in ((0, .5), (.5, .8), (.8, 2))]
-    # Much dark ship, much bright moon, little between them but edges.
+    # Mostly a dark ship and a bright moon, and few tones in between.
     assert share[0] > .25 and share[1] < .08 and share[2] > .25, share

@@ -3,8 +3,8 @@
 """Every call of a library fails once, from the start to the end of a run.
 
 A run without any failure is recorded first; it starts, draws two frames and ends. Then the game is
-run once for each of its calls, with that one failing. What has to be seen then is worked out here
-from the rules of starting and ending, not taken from what the game does.
+run once for each of its calls, with that one failing. The expected result is worked out here from
+the rules of starting and ending, not taken from what the game does.
 """
 
 import subprocess

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""What the tests of faults share: the program, what watches it, and a data directory."""
+"""The fixtures of the fault tests: the program, the library that watches it, a data directory."""
 
 import fcntl
 import shutil
@@ -38,7 +38,7 @@ class Game:
 
 @pytest.fixture(scope="session", autouse=True)
 def library_asked_for(request):
-    """The tests' names say which SDL library they ran on; this makes sure of it."""
+    """Checks that the SDL library is the one in the tests' names."""
     options = request.config.option
     if options.sdl:
         assert gamerun.sdl_library(options.binary) == options.sdl
@@ -74,7 +74,7 @@ def counts(request):
 
 
 def keep_count(file, name, value):
-    """Puts it in the place of what an earlier run counted; tests may do so at the same time."""
+    """Replaces the count of an earlier run. Several tests may do this at the same time."""
     with open(file, "a+", encoding="utf-8") as stream:
         fcntl.flock(stream, fcntl.LOCK_EX)
         stream.seek(0)

@@ -30,7 +30,7 @@ SESSION = ("frames=2 " + tap("f5") + "frames=2 " + choose(1) + "frames=1 " + tap
            tap("return") + "frames=3 ")
 END = "mark=end quit"
 
-# What the libraries say of their own accord about files that are not quite right.
+# Messages that the libraries print themselves about damaged files.
 CHATTER = re.compile(r"libpng (warning|error): [^\n]*\n"
                      r"|(WARNING|CRITICAL): You are using the SDL disk [^\n]*\n"
                      r"|(CRITICAL: )? Writing to file [^\n]*\n")
@@ -87,7 +87,7 @@ def break_file(case, real, file):
 
 
 def must_end(case):
-    """True or False where the rules leave no doubt, else None."""
+    """Whether the game must end; None if either is right."""
     unopened = case.flaw in ("missing", "unreadable")
     kind = kind_of(case.name)
     if kind == "marker":

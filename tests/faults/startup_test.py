@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The game is started where something around it is missing or forbidden."""
+"""Starts of the game, also without a display, a sound device, files or permissions."""
 
 import os
 import re

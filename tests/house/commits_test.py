@@ -16,7 +16,7 @@ AREA = re.compile(r"^[A-Z][\w /.-]*: \S")
 
 
 def new_subjects():
-    """The subjects of all commits since the rule, or None where the history is not at hand."""
+    """The subjects of all commits since the rule, or None without a history."""
     log = subprocess.run(["git", "log", "--no-merges", "--format=%s", f"{LAST_UNCHECKED}.."],
                          cwd=PROJECT, capture_output=True, text=True, check=False)
     return log.stdout.splitlines() if log.returncode == 0 else None

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Tells the house's tests which build is being tested."""
+"""The build that is being tested."""
 
 import pytest
 

@@ -168,7 +168,7 @@ def test_stray_output_is_noticed():
 
 
 def silenced(text):
-    """Remarks of the linter that are switched off without a word why."""
+    """Suppressed warnings of the linter without a reason."""
     return re.findall(r"NOLINT(?!.*[:)] ?\w.{9}).*", text)
 
 
@@ -198,7 +198,7 @@ IMPORTING = re.compile(r'^#include "([^"]+)"|^(?:from|import) (\w+)', re.M)
 
 
 def borrowed(text, own, others):
-    """What a test includes or imports that only another folder of tests has."""
+    """Files of another test folder that a test includes or imports."""
     names = [header or f"{module}.py" for header, module in IMPORTING.findall(text)]
     reaching = re.findall(r'^#include "(\.\./[^"]+)"', text, re.M)
     return [name for name in names if name in others and name not in own] + reaching
@@ -241,7 +241,7 @@ def test_events_are_replaced_in_three_places_at_most():
 
 
 def other_names(names):
-    """Files of Python tests whose names do not end like all others."""
+    """Python tests whose file names do not end in _test.py."""
     return [name for name in names if re.match(r"test_|.*_tests", name)]
 
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""What the tests share: the player, the game's mix in a file, and how each track sounds."""
+"""The fixtures of the music tests: the player, the game's mix in a file, and the known tracks."""
 
 import functools
 import re
@@ -48,7 +48,7 @@ class Game:
     rate: int
 
     def play(self, script, **settings):
-        """How it went, and the mix. Steps of the script may also be seconds of sound."""
+        """Plays a script, which may have steps seconds=N of sound; returns the outcome and the mix."""
         script = re.sub(r"seconds=(\d+)", lambda step: f"heard={int(step[1]) * self.rate}", script)
         raw = self.root / "mix.raw"
         raw.unlink(missing_ok=True)

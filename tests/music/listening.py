@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Tells from a mix which tracks were heard in it, from where in each, and for how long."""
+"""Finds which tracks were played in a mix, from where in each, and for how long."""
 
 from dataclasses import dataclass
 
@@ -9,9 +9,9 @@ import numpy
 RATE = 22050        # at which the game opens the mixer
 HINT = 4096         # samples by which a track is recognised
 LIKENESS = .98      # correlation of those with the mix
-AS_GOOD = .001      # in that, what is no difference
+AS_GOOD = .001      # a difference in correlation that does not count
 BLOCK = 512         # samples that either belong to the track or do not
-UNHEARD = -50       # dB of the track, for what a block may differ
+UNHEARD = -50       # dB of the track, by which a block may differ
 SILENT = 4 / 32768  # the mixer's silence, with what a resampler may add to it
 
 
@@ -25,7 +25,7 @@ class Stretch:
 
 
 def read_mix(file):
-    """The left channel; both are compared in no test, since the tracks are the same on both."""
+    """The left channel. The tracks are the same on both."""
     samples = numpy.fromfile(file, "<i2")
     return samples[:len(samples) // 2 * 2:2] / 32768
 
@@ -53,7 +53,7 @@ def recognised(sound, tracks):
 
 
 def matching_blocks(sound, track):
-    """How many blocks of the sound are as in the track, one after the other."""
+    """The number of successive blocks that are the same as in the track."""
     count = min(len(sound), len(track)) // BLOCK
     heard = sound[:count * BLOCK].reshape(count, BLOCK)
     expected = track[:count * BLOCK].reshape(count, BLOCK)
@@ -80,7 +80,7 @@ def stretches(mix, tracks):
 
 
 def silence_at(sound):
-    """How many samples of silence it begins with."""
+    """The number of silent samples at the beginning."""
     loud = numpy.abs(sound) > SILENT
     return int(loud.argmax()) if loud.any() else len(sound)
 

@@ -28,9 +28,9 @@ EXCERPT_FRAMES = 194
 MANY_ROUNDS = 70
 HALT_AFTER = '40'               # buffers of the mixer, eight seconds
 SLOWLY = '20'                   # milliseconds for a buffer: nine times as fast as it sounds
-HALTED_SECONDS = 60             # of sound in which the piece is halted and begins anew
+HALTED_SECONDS = 60             # of sound, during which the piece is halted and restarted
 READ_AHEAD = 40960              # bytes of the file that the mixer's decoder keeps when it is halted
-A_WHILE = 2                     # seconds by which a beginning is recognised
+A_WHILE = 2                     # seconds from which a beginning is recognised
 
 
 @dataclass

@@ -33,7 +33,7 @@ def first_sounds(raw, count, silent):
         return None
     samples = numpy.fromfile(raw, "<i2")
     samples = samples[:len(samples) // 2 * 2].reshape(-1, 2) / 32768
-    # The mixer writes silence until the music begins, on a busy machine for long.
+    # The mixer writes silence until the music begins, which takes long on a busy machine.
     sounding = (numpy.abs(samples) > silent).any(axis=1)
     start = int(sounding.argmax()) if sounding.any() else len(samples)
     return samples[start:start + count] if start + count <= len(samples) else None

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The scores are complete and well led, and what checks them finds faults."""
+"""The scores are complete and follow the rules of voice leading, and their checker finds faults."""
 import subprocess
 from dataclasses import replace
 from pathlib import Path

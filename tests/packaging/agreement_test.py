@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""What is said in several places is the same in all of them."""
+"""Facts that several files state are the same in all of them."""
 
 import re
 import subprocess

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Where the build under test lies, and the game as it would be installed from it."""
+"""The build under test, and an installation of it."""
 
 import os
 import re
@@ -28,13 +28,13 @@ def build(request):
 
 @pytest.fixture(scope="session")
 def version():
-    """The version as the one place for it has it."""
+    """The version, from the one file that defines it."""
     text = (PROJECT / "CMakeLists.txt").read_text()
     return re.search(r"^project\(morvane VERSION ([0-9.]+)", text, re.M).group(1)
 
 
 def install(build, prefix, directory):
-    """Installs below the directory as if it were the root; all that was said about it."""
+    """Installs with the directory as the root; returns the messages."""
     result = subprocess.run(["cmake", "--install", build, "--prefix", prefix, "--strip"],
                             env=dict(os.environ, DESTDIR=str(directory)), check=True,
                             capture_output=True, text=True)

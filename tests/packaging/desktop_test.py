@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""What a desktop shows of the game: its entry, its icons and its description."""
+"""The desktop entry, the icons and the metainfo."""
 
 import subprocess
 import xml.etree.ElementTree as xml

@@ -17,7 +17,7 @@ APPLICATION = "org.morvane.morvane"
 
 
 def places(data_names):
-    """Every installed file but the manual's place, which follows the system."""
+    """Every installed file except the manual page, whose place depends on the system."""
     icons = [f"share/icons/hicolor/{size}x{size}/apps/{APPLICATION}.png" for size in ICON_SIZES]
     return sorted(["games/morvane", "share/man/man6/morvane.6",
                    "share/doc/morvane/CHANGELOG.md",
@@ -80,7 +80,7 @@ def pack(build, directory, *arguments):
 
 @pytest.fixture(scope="module")
 def packed(build, tmp_path_factory):
-    """The directory with the package and the archive that cpack makes when it is told nothing."""
+    """The directory with the package and the archive that cpack makes by default."""
     directory = tmp_path_factory.mktemp("packed")
     pack(build, directory)
     return directory

@@ -16,7 +16,7 @@ from conftest import PROJECT
 from xserver import virtual_display
 
 PKG_CONFIG_NAMES = "sdl, SDL_image, SDL_ttf and SDL_mixer"
-# What an /etc/os-release says, and what must then be printed.
+# The contents of /etc/os-release, and what must be printed.
 SYSTEMS = {
     "fedora": ("ID=fedora\n", "sudo dnf install gcc-c++ make cmake pkgconf-pkg-config "
                "sdl12-compat-devel SDL_image-devel SDL_ttf-devel SDL_mixer-devel"),

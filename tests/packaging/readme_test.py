@@ -17,7 +17,7 @@ from conftest import PROJECT
 from robots.stage import VirtualDisplay
 
 PAGES = ("README.md", "CONTRIBUTING.md", "docs/first-change.md")
-DRAWING_TIME = 1  # seconds that the game is left to itself
+DRAWING_TIME = 1  # seconds before the game is ended
 LONG = 500
 
 # Commands that another check runs, with what must stand in it.
@@ -75,7 +75,7 @@ def run_on_display(command, scratch):
 
 
 def listens(process):
-    """True once the process is the game and SDL hears the request to end that we shall send."""
+    """True once the process is the game and SDL handles SIGTERM."""
     try:
         is_game = os.readlink(f"/proc/{process.pid}/exe").endswith("/morvane")
         with open(f"/proc/{process.pid}/status", encoding="utf-8") as file:
@@ -86,7 +86,7 @@ def listens(process):
 
 
 def play_briefly(command, directory=PROJECT):
-    """Starts the game, lets it draw and closes it as a session that ends does."""
+    """Starts the game, lets it draw and ends it with SIGTERM, as at the end of a session."""
     with subprocess.Popen(["sh", "-c", "exec " + command], cwd=directory, env=environment(),
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True) as game:
         deadline = time.monotonic() + LONG
@@ -100,7 +100,7 @@ def play_briefly(command, directory=PROJECT):
 
 
 def handler(command, build, scratch):
-    """What tries the command, or None for one that nobody knows."""
+    """The function that tries the command, or None for an unknown one."""
     variables, name = re.fullmatch(r"((?:\w+=\w+ )*)(.*)", command).groups()
     if command in ("./play", "build/play/morvane"):
         return lambda: play_briefly(command)

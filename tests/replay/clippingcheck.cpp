@@ -33,8 +33,8 @@ bool isEmpty(SDL_Rect rect) {
     return rect.w == 0 || rect.h == 0;
 }
 
-// Where nothing is drawn only that counts: the libraries differ in what else they write back, and
-// the game looks at it nowhere.
+// If nothing is drawn, only that is compared: the libraries write back different places, which the
+// game never reads.
 bool areEqual(SDL_Rect a, SDL_Rect b) {
     if (isEmpty(a) || isEmpty(b)) {
         return isEmpty(a) && isEmpty(b);

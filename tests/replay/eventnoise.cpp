@@ -14,7 +14,7 @@ const int modifiers[] = {KMOD_LSHIFT, KMOD_RSHIFT, KMOD_LCTRL, KMOD_RCTRL, KMOD_
 
 } // namespace
 
-// Not the player's own generator, whose numbers decide what it does.
+// A generator of its own, so that the noise does not change what the player does.
 EventNoise::EventNoise(std::uint64_t seed) : random(~seed) {}
 
 std::vector<SDL_Event> EventNoise::addTo(std::vector<SDL_Event> events) {
@@ -64,7 +64,7 @@ SDL_Event EventNoise::fill(SDL_Event event) {
     return event;
 }
 
-// Leaves every screen as it is, but that the pointer above the menu's buttons takes their focus.
+// Changes no screen, except that the pointer above the menu's buttons removes their focus.
 SDL_Event EventNoise::anyOther() {
     switch (random.below(6)) {
     case 0:

@@ -10,8 +10,8 @@
 
 #include "testrandom.h"
 
-// Adds to a player's events what must not matter: the fields that no rule reads, such as held
-// modifiers, scancodes, characters and mouse buttons, and now and then a hundred other events.
+// Adds to a player's events what must not matter: random values in the fields that no rule reads,
+// such as modifiers, scancodes and characters, and sometimes a burst of a hundred other events.
 class EventNoise {
 public:
     explicit EventNoise(std::uint64_t seed);

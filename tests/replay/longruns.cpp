@@ -28,7 +28,7 @@ namespace {
 const int framesPerHour = 60 * 60 * 1000 / 16;
 const int drawnEvery = 200;         // frames of a watched run
 const long allowedGrowth = 1 << 20; // bytes allocated after the first hour
-// The allocator may keep what the two surfaces of a duel's sea took, for the next one.
+// The allocator may keep the memory of a duel's two large surfaces for the next duel.
 const long allowedResident = allowedGrowth + 2 * 1300 * 1300 * 4;
 const int never = 1 << 30;
 
@@ -61,8 +61,8 @@ public:
 
     std::vector<SDL_Event> eventsOf(int frame) override {
         if (longRun.watched) {
-            // The sea is built in a frame of the menu; drawing those makes its memory resident in
-            // every duel, so that measures can be compared.
+            // The sea is built in a frame of the menu. Drawing these frames makes its memory
+            // resident in every duel, so that measurements can be compared.
             drawing.movesPixels = !atSea || frame % drawnEvery == 0;
         }
         return frame < longRun.frames ? noise.addTo(player.play(frame))
@@ -98,7 +98,7 @@ public:
     }
 
 private:
-    // Always after a drawn frame of a duel, so that what a duel needs is there every time.
+    // Always after a drawn frame of a duel, so that every measurement includes a duel's memory.
     void measure(int frame) {
         if (!longRun.watched || !atSea || frame % drawnEvery != 0 || frame < framesPerHour ||
             frame < nextMeasure) {

@@ -5,12 +5,12 @@
 
 #include "counts.h"
 
-// A seeded player that plays on and on, from duel to duel.
+// A seeded player that plays one duel after another.
 struct LongRun {
     unsigned seed;
     int frames;
     bool watched; // draws few frames and watches the process for growth instead
 };
 
-// Returns true when the game went through it and, where watched, did not grow.
+// Returns true when the game survived and, if memory was watched, did not grow.
 bool surviveLongRun(const LongRun& longRun, Counts& counts);

@@ -75,7 +75,7 @@ void SeededPlayer::releaseButton(int button) {
     events.push_back(mouseUp(button));
 }
 
-// The order in which arguments are evaluated is the compiler's choice, so y is picked before.
+// The compiler chooses the order in which arguments are evaluated, so y is picked beforehand.
 void SeededPlayer::pointWithin(SDL_Rect area) {
     const int y = area.y + random.below(area.h);
     events.push_back(mouseMotion(area.x + random.below(area.w), y));

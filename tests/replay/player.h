@@ -14,7 +14,8 @@
 class GameHandler;
 class PlayerShip;
 
-// Plays both sides and everything between the duels, from a seed and what is on the display.
+// Plays both sides, and the screens between the duels. A seed and the state of the game decide
+// what it does.
 class SeededPlayer {
 public:
     enum class Style {

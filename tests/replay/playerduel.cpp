@@ -61,7 +61,7 @@ void SeededPlayer::duel(const GameHandler& battle) {
     }
 }
 
-// What must not matter, or only as the key table has it.
+// Keys that must not matter, or only by their entry in the key table.
 void SeededPlayer::fidget() {
     const int keys[] = {SDLK_s, SDLK_DOWN, SDLK_LSHIFT, SDLK_UNKNOWN, SDLK_F1, SDLK_LAST - 1};
     const int key = keys[random.below(6)];
@@ -118,7 +118,7 @@ SeededPlayer::Wishes SeededPlayer::hunt(const PlayerShip& own, const PlayerShip&
                                         int distance) {
     const double dx = enemy.rect.x - own.rect.x;
     const double dy = enemy.rect.y - own.rect.y;
-    // The enemy's place as seen along and across the own heading.
+    // The enemy's position along and across the ship's own heading.
     const double sine = asDouble(std::sin(own.direction));
     const double cosine = asDouble(std::cos(own.direction));
     const double ahead = asDouble(asDouble(dx * sine) + asDouble(dy * cosine));

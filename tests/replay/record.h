@@ -8,14 +8,14 @@
 
 #include "hash.h"
 
-// The states a run went through, as a chain of hashes: each depends on all states before it. Now
-// and then it is noted down, so that two records that differ tell where they part.
+// The states of a run, as a chain of hashes: each depends on all states before it. The hash is
+// noted at intervals, so that two different records show where the runs began to differ.
 class Record {
 public:
-    // The chain is noted after every so many frames.
+    // The number of frames between two notes.
     explicit Record(int framesBetweenNotes);
 
-    // Adds the state the game is in now.
+    // Adds the current state of the game.
     void addFrame();
 
     int frames;

@@ -25,7 +25,7 @@ const std::map<std::string, int> buttonNames = {
     {"wheeldown", SDL_BUTTON_WHEELDOWN},
 };
 
-// Reads the words of one line. After any word that is missing or wrong it has failed.
+// Reads the words of one line. A word that is missing or wrong makes it fail for good.
 class Words {
 public:
     explicit Words(const std::string& line) : stream(line) {}
@@ -123,7 +123,7 @@ void readButton(const std::string& verb, Words& words, int frame, Script& script
     }
 }
 
-// What happens in a frame.
+// An event of a frame.
 void readAction(int frame, Words& words, Script& script) {
     const std::string verb = words.word();
     if (verb == "down" || verb == "up" || verb == "tap" || verb == "hold") {

@@ -17,7 +17,7 @@ struct Setting {
     double value;
 };
 
-// A written replay; README.md tells how one looks.
+// A written replay; README.md describes the format.
 struct Script {
     unsigned seed = 1;
     std::string pictures = "standard";
@@ -25,11 +25,11 @@ struct Script {
     std::map<int, std::vector<SDL_Event>> events;
     std::map<int, std::vector<Setting>> settings;
     std::set<int> shown; // frames after which the display is looked at
-    // From playerFrom on a seeded player of the named style takes part.
+    // A seeded player of the named style takes part from frame playerFrom on.
     int playerFrom = -1;
     std::uint64_t playerSeed = 0;
     std::string playerStyle;
 };
 
-// Reads a script. On a line it cannot read, says so and ends the program.
+// Reads a script. A line that cannot be read ends the program with a message.
 Script readScript(const std::string& file);

@@ -8,12 +8,12 @@
 #include "childprocess.h"
 #include "script.h"
 
-// What to report besides the state after a frame; no picture when its file has no name.
+// A frame whose state is reported; its display is saved if pictureFile is not empty.
 struct Look {
     int frame = -1;
     std::string pictureFile;
 };
 
-// Runs the whole program, from its start to its end, on a script and returns lines as they stand
-// in a file of expected results. With a look it reports only the state after that frame.
+// Runs the whole program on a script and returns the lines of a file of expected results. With a
+// look, it reports only the state after that frame.
 Outcome runScript(const Script& script, bool drawn, const Look& look = {});

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// All written scripts, the one of this name, or a script of any other place by its file.
+// All written scripts, the one with this name, or any other script by its path.
 std::vector<fs::path> chosenScripts(const std::string& only) {
     if (fs::path(only).extension() == ".txt") {
         return {only};
@@ -51,7 +51,7 @@ std::vector<std::string> resultOf(const fs::path& file, bool drawn) {
     return lines;
 }
 
-// What stands before the last word of a line names it; the last word is its value.
+// The last word of a line is a value, the words before it are its name.
 std::map<std::string, std::string> valuesOf(const std::vector<std::string>& lines) {
     std::map<std::string, std::string> values;
     for (const std::string& line : lines) {
@@ -61,7 +61,7 @@ std::map<std::string, std::string> valuesOf(const std::vector<std::string>& line
     return values;
 }
 
-// The frames of the notes on the states between which two results part.
+// Prints the range of frames in which two results begin to differ.
 void showParting(const std::vector<std::string>& expected, const std::vector<std::string>& seen) {
     int agreed = -1;
     for (const std::string& line : expected) {

@@ -7,16 +7,16 @@
 
 #include "counts.h"
 
-// The written scripts in scripts/, NAME.txt, each with what it must come to in NAME.expected: the
-// hash of all states after every fiftieth frame, the display after chosen frames, and the last
-// state in words.
+// The written scripts, scripts/NAME.txt, with the expected results in NAME.expected: the hash of
+// all states after every fiftieth frame, the hash of the display after chosen frames, and every
+// field of the last state.
 
-// Replays all scripts, or only the one named, and shows what came out differently. Without drawing
-// no pixel moves and the displays are not compared. Returns true when nothing was different.
+// Replays all scripts, or only the named one, and prints the differences. Without drawing, no pixel
+// is moved and the displays are not compared. Returns true when there was no difference.
 bool replayScripts(const std::string& only, bool drawn, Counts& counts);
 
-// Replays all, or only the one named, and rewrites what is expected.
+// Replays all scripts, or only the named one, and rewrites the expected results.
 void renewScripts(const std::string& only);
 
-// Shows the state after one frame of a script and, when a file is named, writes the display there.
+// Prints the state after one frame of a script. Saves the display if a file is named.
 void showScript(const std::string& name, int frame, const std::string& pictureFile);

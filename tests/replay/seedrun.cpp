@@ -44,7 +44,7 @@ int frameLimit(int seed, Style style) {
     }
 }
 
-// Plays one script and then ends the process, which is a copy made for it.
+// Plays one script and then ends the process, which was forked for this script.
 class SeedRun : public Conductor {
 public:
     explicit SeedRun(int scriptSeed, int frameToShow)
@@ -108,8 +108,8 @@ private:
     int hitPoints[2] = {50, 50};
 };
 
-// Starts the game once for many scripts: in its first frame it is copied for each of them, and the
-// copy goes on as if it had been started for its script alone.
+// Starts the game once for many scripts. In its first frame, the process is forked for each script,
+// and the child continues as if it had been started for this script alone.
 class SeedStarter : public Conductor {
 public:
     SeedStarter(std::vector<int> scriptSeeds, int frameToShow)
@@ -121,7 +121,8 @@ public:
             if (child.process == 0) {
                 run = std::make_unique<SeedRun>(seed, shown);
                 surroundings.conductor = run.get();
-                // As the game would have been seeded; it has used no random number yet.
+                // The game has been seeded but has used no random number yet, so it can be seeded
+                // again.
                 std::srand(static_cast<unsigned>(seed));
                 return run->eventsOf(frame);
             }

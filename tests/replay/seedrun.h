@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-// After so many frames a script notes the hash of its states.
+// The number of frames between two noted hashes.
 const int framesBetweenSeedNotes = 100;
 
-// Replays the scripts of some seeds with one set of pictures, each in a process of its own, and
-// returns a line for each: its end as in seeds.expected, or what went wrong.
+// Replays the scripts of some seeds with one set of pictures, each in a process of its own. Returns
+// a line for each: the result as in seeds.expected, or what went wrong.
 std::vector<std::string> runSeeds(const std::vector<int>& seeds, const char* pictures, bool drawn);
 
 // The state after one frame of a seed's script, line by line.

@@ -42,7 +42,7 @@ int numberIn(const std::string& line) {
     return std::atoi(line.c_str());
 }
 
-// The first stretch of frames in which the notes differ.
+// The first range of frames in which the notes differ.
 std::string partingOf(const Row& expected, const Row& seen) {
     const std::string& a = expected[7];
     const std::string& b = seen[7];

@@ -5,10 +5,9 @@
 
 #include "counts.h"
 
-// Ten thousand scripts that a seeded player makes up, each with the end it must come to. Their
-// ends stand in seeds.expected, a line for each: seed, frames, mode at the end, winner (0 for
-// none), both ships' last hit points, the hash of all states, and the last three digits of the
-// hash as it was after every hundredth frame.
+// Ten thousand scripts that a seeded player makes up. Each has a line with its expected result in
+// seeds.expected: seed, frames, mode at the end, winner (0 for none), both ships' last hit points,
+// the hash of all states, and the last three digits of that hash after every hundredth frame.
 
 struct SeedChoice {
     int first; // and every step-th seed after it
@@ -16,10 +15,10 @@ struct SeedChoice {
     bool drawn; // moves every pixel, to prove that it makes no difference
 };
 
-// Replays the chosen scripts and shows what came out differently. Returns true when nothing did.
+// Replays the chosen scripts and prints the differences. Returns true when there was none.
 bool replaySeeds(const SeedChoice& choice, Counts& counts);
 
-// Replays all and rewrites the expected ends.
+// Replays all scripts and rewrites the expected results.
 void renewSeeds();
 
 // Shows the state after one frame of a seed's script.

@@ -5,5 +5,5 @@
 
 #include "script.h"
 
-// Sets a field of the battle that is going on. Anything else ends the process with a message.
+// Sets a field of the current battle. An unknown field ends the process with a message.
 void applySetting(const Setting& setting);

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-// The state of the whole game between two frames: the frame's globals, the keys, the active and the
-// pending mode with all their fields, the music and the random. Fields that play no part are left
-// out.
+// The state of the whole game between two frames: the main loop's globals, the keys, the active and
+// the pending mode with all their fields, the music and the use of random numbers. Fields that no
+// rule uses are left out.
 
-// A hash of everything; equal states have equal hashes in every process.
+// A hash of the state; equal states have equal hashes in every process.
 std::uint64_t hashOfState();
 
-// Everything, a line for each field: its name, a space and its value.
+// The same in words, a line for each field: its name, a space and its value.
 std::vector<std::string> describeState();
 
 // The class of the active mode, or "none".

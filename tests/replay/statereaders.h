@@ -13,7 +13,7 @@
 #include "hash.h"
 #include "keyboard.h"
 
-// Readers of the state. Both have the same operations, so that what is hashed is what is described.
+// Readers of the state. Both have the same operations, so the same fields are hashed and described.
 
 // Folds every field into one hash.
 class Hasher {

@@ -12,7 +12,8 @@
 
 namespace {
 
-// What all surfaces of a replay without pixels share: untouched zeros, which cost no memory.
+// The pixels that all surfaces share in a replay without drawing: zeros that are never touched and
+// so take no memory.
 void* sharedPixels(int w, int h) {
     const std::size_t size = std::size_t{1300} * 1300 * 4;
     static void* const pixels = std::calloc(size, 1);

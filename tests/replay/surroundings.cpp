@@ -32,8 +32,8 @@ bool waiting = false; // it has polled all events
 ProgramMode* requested = nullptr;
 std::vector<ProgramMode*> lost;
 
-// The game never frees a mode whose request is replaced within the frame. Nobody can reach it any
-// more. The replay counts and frees it, so that it is not a leak.
+// The game never frees a mode whose request is replaced within the frame. The replay counts such
+// modes and frees them, so that they are not reported as leaks.
 void noteRequest() {
     if (requested != nullptr && newProgramMode != requested && activeProgramMode != requested) {
         lost.push_back(requested);
@@ -62,7 +62,7 @@ int ReplayedEvents::poll(SDL_Event* event) {
     noteRequest();
     if (!polling) {
         if (surroundings.frame == 0) {
-            // The classic library draws the pointer onto the display; no picture of the game's.
+            // The classic library would draw the pointer onto the display.
             SDL_ShowCursor(SDL_DISABLE);
         }
         polling = true;
@@ -78,7 +78,7 @@ int ReplayedEvents::poll(SDL_Event* event) {
     return 1;
 }
 
-// The first look at the clock after polling is the one that begins the wait for the frame's end.
+// The first reading of the clock after polling begins the wait for the end of the frame.
 Uint32 ReplayedEvents::ticks() {
     if (waiting) {
         noteRequest();

@@ -25,8 +25,8 @@ public:
     virtual void frameEnded(int frame) = 0;
 };
 
-// What surrounds the game in a replay: events, time and random numbers. --wrap redirects
-// the game's calls; what the libraries call among themselves is not touched.
+// The events, the time and the random numbers of a replay. --wrap redirects the game's own calls
+// here, but not those that the libraries make.
 struct Surroundings {
     Conductor* conductor = nullptr;
     int frame = 0;             // counted from 0

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// A random generator of the replays' own; the game's is left alone.
+// The random generator of the replays, separate from the game's.
 class TestRandom {
 public:
     explicit TestRandom(std::uint64_t seed);

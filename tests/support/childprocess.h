@@ -16,19 +16,19 @@ struct Outcome {
     std::string err;
 };
 
-// A copy of this process. What it writes is kept until waitFor.
+// A fork of this process. Its output is kept until waitFor.
 struct Child {
-    pid_t process; // 0 in the copy itself
+    pid_t process; // 0 in the child itself
     std::FILE* out;
     std::FILE* err;
 };
 
 const unsigned childPatience = 60; // seconds
 
-// Copies this process; a copy that is still there after so many seconds is ended.
+// Forks this process. A child that still runs after so many seconds is killed.
 Child makeChild(unsigned patience = childPatience);
 
 Outcome waitFor(const Child& child);
 
-// Runs a function in a copy of this process, which ends with status 0 when the function returns.
+// Runs a function in a fork of this process, which ends with status 0 when the function returns.
 Outcome runInChild(const std::function<void()>& function, unsigned patience = childPatience);

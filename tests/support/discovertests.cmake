@@ -3,8 +3,8 @@
 
 include(GoogleTest)
 
-# Every test of a GoogleTest program becomes a test of its own, once for each SDL 1.2 library. One
-# process per test: the game's state is global, and no test may see another's.
+# Every case of a GoogleTest program becomes a test of its own, once for each SDL 1.2 library. Each
+# runs in its own process, because the state of the game is global.
 #
 # The properties come from a file of their own, read after the discovery, because discovery splits
 # lists: passed to it directly, ENVIRONMENT would end at its first semicolon.

@@ -49,7 +49,8 @@ void DisplayTest::SetUp() {
     ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0) << SDL_GetError();
     screen = SDL_SetVideoMode(800, 600, 32, SDL_FULLSCREEN);
     ASSERT_NE(screen, nullptr) << SDL_GetError();
-    // One library paints its pointer into the display, the other leaves the display as it finds it.
+    // The classic library paints its pointer into the display, the other does not clear the
+    // display.
     SDL_ShowCursor(SDL_DISABLE);
     SDL_FillRect(screen, nullptr, 0);
 }

@@ -11,7 +11,7 @@
 
 #include "events.h"
 
-// A colour as it stands in a surface.
+// A colour of a pixel.
 struct Colour {
     int r;
     int g;

@@ -6,10 +6,10 @@
 #include <functional>
 #include <utility>
 
-// What becomes of the game's blits, fills and flips; --wrap redirects them to drawing.cpp.
+// How the game's blits, fills and flips are carried out; --wrap redirects them to drawing.cpp.
 struct Drawing {
-    // Without moving pixels, blits and fills only clip their rectangles, which the rules depend on,
-    // and write them back as ever. A frame then takes a hundredth of the time.
+    // False: blits and fills only clip their rectangles and write them back, because the rules
+    // depend on that. A frame then takes a hundredth of the time.
     bool movesPixels = true;
     bool showsPixels = true;      // false: a flip is only counted
     std::function<void()> atFlip; // runs while the display is as the player is about to see it

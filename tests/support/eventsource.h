@@ -5,8 +5,8 @@
 
 #include <SDL.h>
 
-// Where the main loop gets its events and its time from. --wrap redirects the game's calls of
-// SDL_PollEvent, SDL_GetTicks and SDL_Delay to it; those of the libraries are not touched.
+// Where the main loop gets its events and its time from. --wrap redirects the game's own calls of
+// SDL_PollEvent, SDL_GetTicks and SDL_Delay here, but not those of the libraries.
 class EventSource {
 public:
     virtual ~EventSource() = default;

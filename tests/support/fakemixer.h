@@ -6,10 +6,10 @@
 #include <functional>
 #include <string>
 
-// A mixer without a sound. --wrap redirects the game's calls of SDL_mixer to it.
+// A mixer without sound. --wrap redirects the game's calls of SDL_mixer to it.
 struct FakeMixer {
     int playing = 0; // number of the track, 0 for none
-    int loops = 0;   // that the last track was asked for
+    int loops = 0;   // requested for the last track
 
     // Counted since the start.
     int starts[4] = {}; // of each track; the first counts tracks that do not exist

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""Plays the real game by a script, with something standing between it and its libraries.
+"""Plays the real game by a script, with a library preloaded that watches its library calls.
 
-What that something does, and the steps of a script, is told in callwatch.cpp and script.h.
+callwatch.cpp describes that library, script.h the steps of a script.
 """
 
 import ctypes
@@ -14,9 +14,9 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-# Seconds. Only a game that hangs needs them; a busy machine must not look like one.
+# Seconds. Long enough that a busy machine does not look like a game that hangs.
 PATIENCE = 300
-# A quick run waits most of its time for the sound device to close, so two cores carry this many.
+# A quick run spends most of its time waiting for the sound device to close.
 AT_ONCE = 6
 
 # SDL's numbers of the keys.

@@ -9,8 +9,8 @@
 
 namespace {
 
-// Compiled into every test program: the tests' names say which library they ran on, and this
-// makes sure of it. The compatibility library counts its own versions from 1.2.50.
+// Compiled into every test program: checks that the library is the one in the tests' names. The
+// versions of the compatibility library begin with 1.2.50.
 TEST(SdlLibraryTest, isTheOneThatTheTestsAreNamedAfterOnDummyDrivers) {
     const char* named = std::getenv("MORVANE_TESTED_SDL");
     if (named == nullptr) {

@@ -7,7 +7,7 @@ import struct
 import zlib
 from collections import namedtuple
 
-# Size: as the game needs it, or near the real one where any will do.
+# The size is what the game needs, or near the real one if the game takes any size.
 Picture = namedtuple("Picture", "size has_alpha")
 
 # In the order in which the game loads them.

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""A display that nobody sees."""
+"""A virtual display."""
 
 import contextlib
 import subprocess

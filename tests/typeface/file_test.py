@@ -12,7 +12,7 @@ import gametexts
 
 FONT = gametexts.ROOT / 'data' / 'papyrus.ttf'
 BUILD = gametexts.ROOT / 'assets' / 'typeface' / 'build'
-# Latin-1's marks that stand free of their letter; the cedilla hangs on to it.
+# The accents of Latin-1 that do not touch their letter, unlike the cedilla.
 FREE_MARKS = {'GRAVE', 'ACUTE', 'CIRCUMFLEX', 'TILDE', 'DIAERESIS'}
 
 

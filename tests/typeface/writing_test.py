@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Morvane makers
 # SPDX-License-Identifier: MIT
-"""The game's texts come out well when SDL_ttf writes them at the game's size."""
+"""The game's texts as SDL_ttf renders them at the game's size."""
 import ctypes
 import os
 from pathlib import Path

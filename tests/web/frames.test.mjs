@@ -108,7 +108,7 @@ if (!isFirefox) {
     const lines = await compare(join(ownScripts, "session.txt"));
     const displays = lines.filter((line) => line.startsWith("f"));
     assert.ok(displays.length > 5000);
-    // The ship has sunk: between its end and Escape the result stands still.
+    // The ship has sunk: the result is shown until Escape.
     assert.equal(new Set(displays.slice(2500, 2700)).size, 1);
     const runs = listened(lines);
     assert.deepEqual([...new Set(runs.map((run) => run.piece))].sort(), pieces);

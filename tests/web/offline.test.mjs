@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// After the first visit the game plays without a network, and a new version replaces the old whole.
+// After the first visit, the game plays without a network, and a new version replaces all files.
 
 import assert from "node:assert/strict";
 import { cpSync, mkdtempSync, readFileSync, readdirSync, renameSync, rmSync, writeFileSync }

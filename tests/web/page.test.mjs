@@ -22,7 +22,7 @@ after(async () => {
 beforeEach(async () => { page = await support.openPage(browser, server.address); });
 afterEach(async () => { await page.close({ runBeforeUnload: false }); });
 
-// Keeps what the game is given.
+// Records the events that the game receives.
 const watchEvents = () => page.evaluate(() => {
   window.seen = [];
   const next = window.morvane.page.nextEvent;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// What the tests of the page share: the server, the browsers, a virtual clock, scripts.
+// Shared by the tests of the page: the server, the browsers, a virtual clock, scripts.
 
 import { spawn } from "node:child_process";
 import { readFileSync } from "node:fs";
@@ -103,7 +103,7 @@ export async function canvasPicture(page, file) {
   await canvas.screenshot({ path: file });
 }
 
-// ---- scripts, in the language of tests/replay ----
+// Scripts in the format of tests/replay
 
 const key = 1, motion = 2, button = 3, quit = 5, sound = 6;
 const buttons = { leftbutton: 1, middlebutton: 2, rightbutton: 3, wheelup: 4, wheeldown: 5 };

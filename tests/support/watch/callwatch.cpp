@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// Loaded before the libraries of the real program, this stands between the game and every call it
-// makes of SDL, SDL_image, SDL_ttf and SDL_mixer. Calls that the libraries make of each other pass
-// through unseen. The environment says what it does:
+// Preloaded before the libraries of the real program, this receives every call that the game makes
+// of SDL, SDL_image, SDL_ttf and SDL_mixer, and passes it on. Calls between the libraries are not
+// recorded. Environment variables control it:
 //   MORVANE_CALLS=<file>      writes each call on a line: number, function, arguments, result
-//   MORVANE_FAIL_AT=<n>       the n-th call (from 1) fails in the way that function has
+//   MORVANE_FAIL_AT=<n>       the n-th call (from 1) fails as that function does
 //   MORVANE_SCRIPT=<steps>    plays the game, see script.cpp
 //   MORVANE_EAR=<pipe>        a named pipe that the sound device is to write into, see hearing.h
 //   MORVANE_MIX=<file>        keeps what was heard
@@ -197,8 +197,8 @@ int SDL_Flip(SDL_Surface* surface) {
     return result;
 }
 
-// Calls without a result that says they failed. The one that is to fail is carried out all the
-// same and only leaves an error text behind, which the game must not mistake for a failure.
+// Calls whose result cannot tell a failure. A call that is to fail is carried out all the same and
+// only sets SDL's error text, which the game must not mistake for a failure.
 
 void SDL_WM_SetCaption(const char* title, const char* icon) {
     NEXT(SDL_WM_SetCaption);
@@ -233,7 +233,7 @@ int SDL_PollEvent(SDL_Event* event) {
     if (!isScripted() || isDisturbed()) {
         found = real(event);
     } else {
-        // The desktop's own events differ from library to library; only its wish to end counts.
+        // Each library sends other events of the desktop, so all but the quit event are dropped.
         do {
             found = real(event);
         } while (found != 0 && event->type != SDL_QUIT);

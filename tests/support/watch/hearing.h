@@ -3,10 +3,9 @@
 
 #pragma once
 
-// Listens to the sound device. SDL's disk driver is told to write into a named pipe, and as it can
-// only go on when the pipe has been read, the music waits for whoever listens: how far it gets
-// depends on no clock, however busy the machine is. It waits outside the mixer's lock, so that the
-// game can speak to the mixer meanwhile.
+// Reads what the sound device plays. SDL's disk driver writes into a named pipe and waits until the
+// pipe is read, so the music advances only as far as it is read here, however busy the machine is.
+// The driver waits outside the mixer's lock, so the game can call the mixer meanwhile.
 
 // Opens the pipe, before the sound device does; does nothing where no pipe is named.
 void startHearing();

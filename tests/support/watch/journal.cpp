@@ -20,7 +20,7 @@ struct Range {
     std::uintptr_t end;
 };
 
-// Where the program itself lies in memory: it is the first that the loader lists.
+// The address range of the program itself, which is the first object that the loader lists.
 Range findProgram() {
     Range program = {UINTPTR_MAX, 0};
     dl_iterate_phdr(
@@ -47,7 +47,7 @@ bool isInProgram(const void* place) {
     return program.begin <= address && address < program.end;
 }
 
-// Not a stream: nothing may be lost when the program crashes.
+// Not a stream, because nothing may be lost when the program crashes.
 int journal() {
     static const int descriptor = [] {
         const char* file = std::getenv("MORVANE_CALLS");

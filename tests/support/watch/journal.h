@@ -6,8 +6,8 @@
 #include <sstream>
 #include <string>
 
-// What a pointer that the game got from a library stands for, for example "file:data/voda.png";
-// "null" for null, and "unknown" for what no library gave out or what has been given back already.
+// The name of an object that the game got from a library, for example "file:data/voda.png"; "null"
+// for null, and "unknown" for an object that no library made or that has been released.
 std::string nameOf(const void* object);
 
 // An object as the journal shows it; looked up only where a journal is kept.
@@ -16,12 +16,12 @@ struct Named {
 };
 std::ostream& operator<<(std::ostream& out, Named named);
 
-// Adds something to the line of the call that is under way.
+// Adds text to the line of the current call.
 void annotate(const std::string& text);
 
-// One call of a library. It is numbered and written down if the game made it, by the place it came
-// from, and not a library: its arguments before it is carried out, so that they are known of a
-// call that never returns, and its result after it.
+// One call of a library. If it comes from the game's code and not from a library, it is numbered
+// and logged: the arguments before the call, so that they are known even if it never returns, and
+// the result after it.
 class Call {
 public:
     template <typename... Arguments>
@@ -45,14 +45,14 @@ public:
     // True when this is the call that is to fail; the reason is then "out of luck".
     bool fails() const;
 
-    // Passes a result on and writes it down; objects go by that name until they are given back.
+    // Logs a result and returns it. An object keeps its name until it is released.
     template <typename Object> Object* made(Object* object, const std::string& name) const {
         remember(object, name);
         return object;
     }
     int result(int value) const;
 
-    // The object has no name any more.
+    // Forgets the name of a released object.
     void givesBack(const void* object) const;
 
 private:

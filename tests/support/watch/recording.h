@@ -5,9 +5,9 @@
 
 #include <SDL.h>
 
-// Writes down what a player does to the real game, frame by frame, as a script that can be
-// replayed: into session.txt in the directory MORVANE_RECORD. After every tenth frame it leaves the
-// display in FRAME.bmp. Does nothing without that variable.
+// Records a player's input to the real game as a script that can be replayed, in session.txt in the
+// directory MORVANE_RECORD. After every tenth frame, it saves the display as FRAME.bmp. Does
+// nothing without that variable.
 
 // A frame begins.
 void recordFrame();

@@ -8,12 +8,12 @@
 // Plays the game by the steps in MORVANE_SCRIPT, words with spaces between them:
 //   frames=<n>       lets n frames pass
 //   down=<key>       presses a key, by its SDL symbol's number
-//   up=<key>         lets it go
+//   up=<key>         releases it
 //   heard=<n>        waits until n more sample frames have come out of the sound device
 //   mark=<name>      writes the name and the sample frames heard so far into the journal
 //   terminate        sends the program SIGTERM
-//   quit             the desktop asks the program to end
-// Steps that take no time all happen in one frame. After the last step nothing happens any more.
+//   quit             sends a quit event
+// Steps that take no time happen in the same frame. After the last step, nothing more happens.
 
 bool isScripted();
 

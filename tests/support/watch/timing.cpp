@@ -74,7 +74,7 @@ void noteFrame() {
     }
 }
 
-// SDL 1.2 flips once by itself while it sets the display up.
+// SDL 1.2 itself flips once while it sets up the display.
 void noteFlip() {
     if (file == nullptr || frames().empty()) {
         return;

@@ -3,13 +3,13 @@
 
 #pragma once
 
-// Writes into the file MORVANE_TIMES, when the game is asked to quit: when it started SDL and when
-// the first flip was done, and then for every frame when it began, and how many events waited for
-// it and after it. All times are in milliseconds of the steady clock since boot. Does nothing
-// without that variable.
+// At a quit event, writes into the file MORVANE_TIMES when the game started SDL and when the first
+// flip was done, and then for every frame when it began and how many events were waiting at its
+// beginning and at its end. All times are in milliseconds of the steady clock since boot. Does
+// nothing without that variable.
 //
-// With MORVANE_DISTURB set, every 50th frame is held up for 40 ms and a hundred movements of the
-// mouse wait at the beginning of every frame.
+// With MORVANE_DISTURB set, every 50th frame is delayed by 40 ms, and a hundred mouse movements are
+// waiting at the beginning of every frame.
 
 bool isDisturbed();
 
