@@ -6,7 +6,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
-#include <set>
 #include <vector>
 
 #include <sys/resource.h>
@@ -30,67 +29,8 @@ protected:
         return barriers.back().get();
     }
 
-    void setWorldSize(int w, int h) {
-        SDL_FreeSurface(battle->world);
-        battle->world = createSurface(w, h);
-    }
-
     std::vector<std::unique_ptr<Barrier>> barriers;
 };
-
-TEST_F(BarrierTest, takesThePictureOfItsTypeFromThePool) {
-    const char* pictures[] = {"prekazka1.png", "prekazka2.png", "prekazka3.png"};
-    for (int type = 0; type <= 2; ++type) {
-        SCOPED_TRACE(type);
-        const Barrier* barrier = build(type);
-        EXPECT_EQ(barrier->image, imagePool[pictures[type]]);
-        EXPECT_EQ(barrier->type, type);
-        EXPECT_EQ(barrier->handler, battle.get());
-    }
-}
-
-TEST_F(BarrierTest, joinsTheBarriersOfTheBattleButNotItsObjects) {
-    Barrier* first = build(0);
-    Barrier* second = build(2);
-    EXPECT_THAT(battle->barriers, testing::ElementsAre(first, second));
-    EXPECT_EQ(battle->objects.size(), 4U);
-}
-
-TEST_F(BarrierTest, picksXBeforeYWithinTheWorldLessItsSize) {
-    // The generator seeded with 1 starts with 1804289383 and 846930886.
-    const int places[][2] = {{343, 326}, {793, 886}, {103, 966}};
-    for (int type = 0; type <= 2; ++type) {
-        SCOPED_TRACE(type);
-        battle->barriers.clear();
-        srandom(1);
-        const Barrier* barrier = build(type);
-        EXPECT_THAT(barrier->rect, isAt(places[type][0], places[type][1]));
-        EXPECT_EQ(randomNumbersSince(1), 2);
-    }
-}
-
-TEST_F(BarrierTest, leavesTheLastColumnAndRowFree) {
-    setWorldSize(62, 63);
-    std::set<int> columns;
-    std::set<int> rows;
-    for (int i = 0; i < 200; ++i) {
-        const Barrier* barrier = build(2);
-        columns.insert(barrier->rect.x);
-        rows.insert(barrier->rect.y);
-        battle->barriers.clear();
-    }
-    EXPECT_THAT(columns, testing::ElementsAre(0, 1));
-    EXPECT_THAT(rows, testing::ElementsAre(0, 1, 2));
-}
-
-TEST_F(BarrierTest, picksAgainWhereAnEarlierBarrierStands) {
-    // Seed 1 gives a rock the places 103, 966, then 1057, 875, then 1073, 855.
-    addBarrier({100, 960, 10, 10});
-    addBarrier({1057, 920, 10, 10});
-    srandom(1);
-    EXPECT_THAT(build(2)->rect, isAt(1073, 855));
-    EXPECT_EQ(randomNumbersSince(1), 6);
-}
 
 TEST_F(BarrierTest, mayTouchAnEarlierBarrier) {
     addBarrier({43, 966, 60, 60});

@@ -63,7 +63,7 @@ void DuelTest::TearDown() {
 }
 
 Barrier* DuelTest::addBarrier(SDL_Rect rect, Colour colour) {
-    // Built clear of all others, whatever the test has put where.
+    // Without the other barriers, because a new barrier looks for a free place.
     std::vector<Barrier*> others;
     others.swap(battle->barriers);
     auto* barrier = new Barrier(battle.get(), 2);

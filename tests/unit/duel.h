@@ -22,11 +22,10 @@ const double headingLeft = 4.71238898038469;
 const double headingDownRight = 0.7853981633974483;
 const double headingUpLeft = 3.9269908169872414;
 
-// How many numbers the random generator gave since it was seeded. Leaves the generator at
-// the same place of its sequence.
+// The number of random numbers taken since the generator was seeded. Does not change its state.
 int randomNumbersSince(unsigned seed);
 
-// An object of a battle that does what a test wants to see done at its turn.
+// An object of a battle that calls a test's functions when it is updated and deleted.
 class Probe : public GameObject {
 public:
     explicit Probe(std::function<void(SDL_Surface*)> whatAtUpdate,
@@ -41,18 +40,17 @@ public:
     std::function<void()> atDeletion;
 };
 
-// Tests with a battle on an open sea: there are no barriers but those that a test puts there, and
-// both ships lie at rest and head down, ship 1 at 100, 100 and ship 2 at 1000, 1000. Objects:
-// cannonball 1, cannonball 2, ship 1, ship 2.
+// Tests with a battle on an open sea, without barriers. Both ships are at rest and head down, ship
+// 1 at 100, 100 and ship 2 at 1000, 1000. Objects: cannonball 1, cannonball 2, ship 1, ship 2.
 class DuelTest : public BattleTest {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Puts a barrier of that place and size, with a picture of its own, in front of all objects.
+    // Adds a barrier with its own picture, before all other objects.
     Barrier* addBarrier(SDL_Rect place, Colour colour = barrierColours[0]);
 
-    // Plays frames as the program does, with the keys released during each going up after it.
+    // Plays frames as the main loop does. Keys released in a frame go up after it.
     void play(int frames);
 
     PlayerShip* ship(int playerId);

@@ -44,14 +44,6 @@ TEST_F(GameHandlerConstructionTest, buildsBarriersThenCannonballsThenShips) {
     EXPECT_EQ(battle.objects[16], battle.ship2);
 }
 
-TEST_F(GameHandlerConstructionTest, tellsTheCannonballsTheirShips) {
-    GameHandler battle;
-    EXPECT_EQ(battle.bullet1->myPlayerShip, battle.ship1);
-    EXPECT_EQ(battle.bullet1->otherPlayerShip, battle.ship2);
-    EXPECT_EQ(battle.bullet2->myPlayerShip, battle.ship2);
-    EXPECT_EQ(battle.bullet2->otherPlayerShip, battle.ship1);
-}
-
 TEST_F(GameHandlerConstructionTest, makesAWorldOf1300PixelsInTheFormatOfTheDisplay) {
     GameHandler battle;
     for (const SDL_Surface* surface : {battle.world, battle.background}) {
@@ -70,76 +62,6 @@ TEST_F(GameHandlerConstructionTest, leavesTheDisplayAlone) {
     fillAll(screen, red);
     GameHandler battle;
     EXPECT_EQ(firstOther(screen, {0, 0, 800, 600}, red), "");
-}
-
-struct Place {
-    int x;
-    int y;
-};
-
-// What a seed of the random generator makes of a battle, and with how many random numbers.
-struct Layout {
-    unsigned seed;
-    int randomNumbers;
-    Place barriers[13];
-    double heading1;
-    Place ship1;
-    double heading2;
-    Place ship2;
-};
-
-// clang-format off
-const Layout layouts[] = {
-    // Every place is free at once.
-    {3, 33, {{265, 728}, {510, 225}, {310, 72}, {946, 1}, {184, 578}, {204, 33}, {939, 562},
-             {681, 144}, {455, 481}, {855, 1075}, {942, 838}, {698, 633}, {847, 925}},
-     3.4, {100, 300}, 2.8, {500, 700}},
-    // Two barriers and a ship find their places taken; ship 2 moves out of ship 1's row.
-    {1, 41, {{286, 457}, {745, 593}, {1015, 586}, {822, 249}, {301, 122}, {1067, 1170}, {99, 123},
-             {966, 60}, {1216, 11}, {528, 447}, {989, 462}, {763, 107}, {495, 849}},
-     0.4, {400, 300}, 2.6, {300, 200}},
-    // Four barriers and two ships find their places taken.
-    {4, 45, {{203, 34}, {1106, 163}, {337, 825}, {1093, 1028}, {644, 603}, {414, 1182}, {661, 721},
-             {469, 237}, {244, 448}, {722, 1160}, {60, 870}, {253, 744}, {56, 19}},
-     3.8, {400, 700}, 3.2, {600, 200}},
-    // Ship 2 moves out of ship 1's column.
-    {22, 41, {{938, 626}, {21, 348}, {271, 353}, {592, 887}, {1165, 1164}, {315, 39}, {227, 884},
-              {415, 845}, {562, 589}, {509, 278}, {1060, 43}, {19, 251}, {253, 1135}},
-     2.2, {700, 200}, 2.8, {100, 100}},
-    // Ship 2, first at 500, 400, moves out of ship 1's row and lands there again.
-    {20, 41, {{378, 1057}, {159, 296}, {931, 862}, {821, 40}, {1041, 150}, {1044, 687}, {489, 584},
-              {1169, 45}, {167, 59}, {699, 1065}, {456, 161}, {1173, 800}, {1204, 237}},
-     1.2, {600, 400}, 1.4, {500, 400}},
-};
-// clang-format on
-
-TEST_F(GameHandlerConstructionTest, picksThePlacesInTheOrderOfBuilding) {
-    for (const Layout& layout : layouts) {
-        SCOPED_TRACE(layout.seed);
-        srandom(layout.seed);
-        const GameHandler battle;
-        EXPECT_EQ(randomNumbersSince(layout.seed), layout.randomNumbers);
-        for (size_t i = 0; i < 13; ++i) {
-            const Place& place = layout.barriers[i];
-            EXPECT_THAT(battle.barriers[i]->rect, isAt(place.x, place.y)) << "barrier " << i;
-        }
-        EXPECT_DOUBLE_EQ(battle.ship1->direction, layout.heading1);
-        EXPECT_THAT(battle.ship1->rect, isRect(layout.ship1.x, layout.ship1.y, 100, 100));
-        EXPECT_DOUBLE_EQ(battle.ship2->direction, layout.heading2);
-        EXPECT_THAT(battle.ship2->rect, isRect(layout.ship2.x, layout.ship2.y, 100, 100));
-    }
-}
-
-TEST_F(GameHandlerConstructionTest, picksTheTrackByTheFirstRandomNumber) {
-    haveSound = true;
-    const int tracks[] = {3, 2, 2, 3, 3};
-    for (unsigned seed = 1; seed <= 5; ++seed) {
-        SCOPED_TRACE(seed);
-        Music::play(0);
-        srandom(seed);
-        const GameHandler battle;
-        EXPECT_EQ(Music::current(), tracks[seed - 1]);
-    }
 }
 
 TEST_F(GameHandlerConstructionTest, picksATrackWithoutSoundToo) {

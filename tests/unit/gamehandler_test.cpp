@@ -44,16 +44,6 @@ TEST(RectanglesCollideTest, overlapsStrictly) {
 
 class GameHandlerTest : public DuelTest {};
 
-TEST_F(GameHandlerTest, collidesWithAnyOfTheBarriers) {
-    addBarrier({100, 100, 50, 50});
-    addBarrier({300, 100, 50, 50});
-    addBarrier({500, 100, 50, 50});
-    EXPECT_TRUE(battle->collidesWithBarriers({149, 149, 10, 10}));
-    EXPECT_TRUE(battle->collidesWithBarriers({291, 91, 10, 10}));
-    EXPECT_TRUE(battle->collidesWithBarriers({510, 110, 10, 10}));
-    EXPECT_FALSE(battle->collidesWithBarriers({200, 110, 10, 10}));
-}
-
 TEST_F(GameHandlerTest, collidesWithListedBarriersOnly) {
     addBarrier({100, 100, 50, 50});
     battle->barriers.clear();
@@ -149,14 +139,6 @@ TEST_F(GameHandlerTest, blackensTheClipRectangleOnly) {
     EXPECT_EQ(firstOther(screen, clip, black), "");
     EXPECT_EQ(countOf(screen, black), 300 * 50);
     EXPECT_EQ(countOf(screen, white), 800 * 600 - 300 * 50);
-}
-
-TEST_F(GameHandlerTest, aimsBothViewportsWhenItBecomesActive) {
-    place(ship1, 600, 600);
-    place(ship2, 1000, 1000);
-    battle->activate();
-    EXPECT_THAT(battle->viewport1, isAt(455, 405));
-    EXPECT_THAT(battle->viewport2, isAt(855, 805));
 }
 
 TEST_F(GameHandlerTest, cleansNothingUp) {

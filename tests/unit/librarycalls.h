@@ -7,10 +7,9 @@
 #include <string>
 #include <vector>
 
-// Records the game's calls of its libraries, arguments included, while it lives; one at a time.
-// The calls go on to the libraries unless told otherwise, but those of the mixer, which is never
-// real. What the libraries call among themselves is not seen. The linker's --wrap options name the
-// functions that are recorded.
+// Records the game's library calls with their arguments while it lives; one at a time. The calls
+// are passed on to the libraries, except those of the mixer, which is always a fake. Calls between
+// the libraries are not recorded. The linker's --wrap options name the recorded functions.
 class LibraryCalls {
 public:
     LibraryCalls();
@@ -22,10 +21,10 @@ public:
     std::vector<std::string> of(const std::set<std::string>& functions) const;
 
     std::vector<std::string> log;
-    // Calls that fail, with "out of luck" as SDL's reason: all of a function, given by its name,
-    // or a single one as it stands in the log.
+    // Calls that fail, with "out of luck" as SDL's error: every call of a function, given by its
+    // name, or one call as it appears in the log.
     std::set<std::string> failing;
-    // Whether fonts are opened as names only, and calls that release things do nothing.
+    // Whether fonts are only pretended, and calls that release objects do nothing.
     bool pretending = false;
 };
 

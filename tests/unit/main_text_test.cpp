@@ -145,7 +145,7 @@ TEST_F(TextTest, farAboveTheMiddleIsCutOffAtTheEdge) {
     EXPECT_THAT(inked(), isRect(395, 0, 10, 7));
 }
 
-// A screen of text draws its lines in every frame, for as long as it is left open.
+// Compares the allocated memory before and after many calls.
 TEST_F(TextTest, isNotKeptInMemoryWhateverItsShapeAndLine) {
     const auto allocated = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
     // Higher than wide, square, wider than high, and wider than the display; 360 bytes and more.

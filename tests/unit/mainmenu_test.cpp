@@ -16,35 +16,6 @@ namespace {
 
 class MainMenuTest : public MenuTest {};
 
-TEST_F(MainMenuTest, hasTheTablesOfItsFourButtons) {
-    EXPECT_EQ(MainMenu::numButtons, 4);
-    EXPECT_THAT(MainMenu::buttonTypes, testing::ElementsAre(2, 8, 9, 11, 0, 0, 0, 0));
-    EXPECT_EQ(MainMenu::firstButton.x, 0);
-    EXPECT_EQ(MainMenu::firstButton.y, 0);
-    EXPECT_EQ(MainMenu::firstButton.w, 200);
-    EXPECT_EQ(MainMenu::firstButton.h, 43);
-    EXPECT_EQ(MainMenu::focusModifier.x, 0);
-    EXPECT_EQ(MainMenu::focusModifier.y, 559);
-    EXPECT_EQ(MainMenu::focusModifier.w, 0);
-    EXPECT_EQ(MainMenu::focusModifier.h, 0);
-}
-
-TEST_F(MainMenuTest, startsWithoutFocus) {
-    EXPECT_EQ(menu->focusedButton, noFocus);
-    EXPECT_EQ(menu->getFocusedButton(), noFocus);
-    EXPECT_FALSE(menu->waitingToReleaseReturn);
-}
-
-TEST_F(MainMenuTest, ownsFourButtonsInOrder) {
-    ASSERT_EQ(menu->buttons.size(), 4U);
-    for (int id = 0; id < 4; ++id) {
-        const MainMenuButton& button = *menu->buttons[static_cast<std::size_t>(id)];
-        EXPECT_EQ(button.id, id);
-        EXPECT_EQ(button.menu, menu.get());
-        EXPECT_EQ(button.focusLevel, 0);
-    }
-}
-
 TEST_F(MainMenuTest, hasAPictureOfTheSizeOfTheDisplay) {
     EXPECT_EQ(menu->menuImage->w, 800);
     EXPECT_EQ(menu->menuImage->h, 600);
@@ -82,12 +53,9 @@ TEST_F(MainMenuTest, tellsTheHeightsOfItsLayout) {
     EXPECT_EQ(MainMenu::getLogoHeight(), 150);
     EXPECT_EQ(MainMenu::getMenuHeight(), 440);
     EXPECT_EQ(MainMenu::getAbsoluteMenuYOffset(), 150);
-    // Both stand where they belong without an offset of their own.
     EXPECT_EQ(MainMenu::getLogoYOffset(), 0);
     EXPECT_EQ(MainMenu::getMenuYOffset(), 0);
 }
-
-// Drawing.
 
 TEST_F(MainMenuTest, drawsLogoPanelAndButtonsOverTheBackground) {
     OwnedSurface expected(createSurface(800, 600));
@@ -103,7 +71,7 @@ TEST_F(MainMenuTest, drawsLogoPanelAndButtonsOverTheBackground) {
     EXPECT_EQ(difference(expected.get(), menu->menuImage), "");
 }
 
-// With run lengths the classic library would encode the strip anew eight times a frame.
+// With run lengths, the classic library would encode the strip again eight times a frame.
 TEST_F(MainMenuTest, drawsItsPlatesWithoutRunLengths) {
     SDL_Surface* strip = imagePool["tlacitka.png"];
     SDL_SetAlpha(strip, SDL_SRCALPHA | SDL_RLEACCEL, strip->format->alpha);
@@ -124,22 +92,6 @@ TEST_F(MainMenuTest, paintsOverWhateverWasThere) {
     EXPECT_EQ(difference(expected.get(), screen), "");
 }
 
-TEST_F(MainMenuTest, roundsThePlacesOfOddPicturesDown) {
-    replacePicture("logo.png", 501, 77, logoColour);
-    replacePicture("menu.png", 303, 440, panelColour);
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 148, 0), backgroundColour);
-    EXPECT_EQ(pixel(screen, 149, 0), logoColour);
-    EXPECT_EQ(pixel(screen, 649, 76), logoColour);
-    EXPECT_EQ(pixel(screen, 650, 76), backgroundColour);
-    EXPECT_EQ(pixel(screen, 248, 76), logoColour);
-    EXPECT_EQ(pixel(screen, 247, 77), backgroundColour);
-    EXPECT_EQ(pixel(screen, 248, 77), panelColour);
-    EXPECT_EQ(pixel(screen, 550, 516), panelColour);
-    EXPECT_EQ(pixel(screen, 551, 516), backgroundColour);
-    EXPECT_EQ(pixel(screen, 400, 517), backgroundColour);
-}
-
 TEST_F(MainMenuTest, cutsPicturesWiderThanTheDisplayOnBothSides) {
     SDL_Surface* logo = replacePicture("logo.png", 901, 150, logoColour);
     fill(logo, {50, 0, 1, 150}, red); // -101 / 2 is -50
@@ -153,28 +105,11 @@ TEST_F(MainMenuTest, cutsPicturesWiderThanTheDisplayOnBothSides) {
     EXPECT_EQ(pixel(screen, 799, 160), panelColour);
 }
 
-TEST_F(MainMenuTest, drawsTheButtonsLast) {
-    replacePicture("menu.png", 300, 100, panelColour);
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 400, 113), logoColour);
-    EXPECT_EQ(pixel(screen, 400, 114), cellColour(2)); // the block begins on the logo
-    EXPECT_EQ(pixel(screen, 400, 285), cellColour(11));
-    EXPECT_EQ(pixel(screen, 400, 286), backgroundColour);
-}
-
 TEST_F(MainMenuTest, drawsLowerButtonsOverUpperOnes) {
     replacePicture("menu.png", 300, 101, panelColour);
     menu->redraw();
     EXPECT_EQ(pixel(screen, 400, 156), cellColour(2));
     EXPECT_EQ(pixel(screen, 400, 157), cellColour(8)); // where both have a row
-}
-
-TEST_F(MainMenuTest, drawsEveryButtonAtItsOwnFocusLevel) {
-    menu->buttons[1]->focusLevel = 255;
-    menu->redraw();
-    EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
-    EXPECT_EQ(pixel(screen, 400, 340), cellColour(21));
-    EXPECT_EQ(pixel(screen, 400, 380), cellColour(9));
 }
 
 TEST_F(MainMenuTest, flipsTheFinishedPictureOnce) {
@@ -186,15 +121,7 @@ TEST_F(MainMenuTest, flipsTheFinishedPictureOnce) {
     EXPECT_EQ(difference(flipped.get(), screen), "");
 }
 
-TEST_F(MainMenuTest, showsItsFirstPictureOnActivation) {
-    const FlipWatch watch;
-    menu->activate();
-    EXPECT_EQ(watch.count, 1);
-    EXPECT_EQ(pixel(screen, 0, 0), backgroundColour);
-    EXPECT_EQ(pixel(screen, 400, 300), cellColour(2));
-}
-
-// No music is loaded here; the number of the track is kept all the same.
+// No music is loaded here, but Music still keeps the number of the track.
 TEST_F(MainMenuTest, playsTheFirstTrackOnceItsPictureIsShown) {
     haveSound = true;
     Music::play(2);
@@ -212,26 +139,6 @@ TEST_F(MainMenuTest, blackensTheDisplayWithoutAFlip) {
     menu->cleanUp();
     EXPECT_EQ(watch.count, 0);
     EXPECT_EQ(difference(expected.get(), screen), "");
-}
-
-// Frames.
-
-TEST_F(MainMenuTest, fadesEveryButtonEveryFrame) {
-    menu->focusedButton = 1;
-    menu->buttons[0]->focusLevel = 255;
-    menu->buttons[3]->focusLevel = 100;
-    menu->update();
-    EXPECT_EQ(menu->buttons[0]->focusLevel, 185);
-    EXPECT_EQ(menu->buttons[1]->focusLevel, 70);
-    EXPECT_EQ(menu->buttons[2]->focusLevel, 0);
-    EXPECT_EQ(menu->buttons[3]->focusLevel, 30);
-}
-
-TEST_F(MainMenuTest, showsTheFadeStepOfTheSameFrame) {
-    menu->buttons[0]->focusLevel = 210;
-    menu->focusedButton = 0;
-    menu->update();
-    EXPECT_EQ(pixel(screen, 400, 300), cellColour(15));
 }
 
 } // namespace

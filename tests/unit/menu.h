@@ -24,7 +24,7 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // As the main loop does it: the key table first, then the menu.
+    // Like the main loop, these update the key table first, then the menu.
     void press(SDLKey key);
     void release(SDLKey key);
     void send(SDL_Event event);

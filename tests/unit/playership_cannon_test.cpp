@@ -48,13 +48,6 @@ TEST_F(PlayerShipCannonTest, replacesTheCannonballInFlight) {
     EXPECT_THAT(ball1->velocity, isAt(0, 6));
 }
 
-TEST_F(PlayerShipCannonTest, leavesTheEnemysCannonballInFlight) {
-    ball2->show({700, 700, 20, 20}, {1, 2, 0, 0});
-    ship1->shoot();
-    EXPECT_TRUE(ball2->visible);
-    EXPECT_THAT(ball2->pos, isAt(700, 700));
-}
-
 // Where the enemy lies when a ship fires that lies at 400, 400; its cannonball starts at 440, 440.
 struct PointBlank {
     int enemyX;
@@ -87,17 +80,6 @@ TEST_F(PlayerShipCannonTest, losesTheShotInsideTheEnemy) {
     }
 }
 
-TEST_F(PlayerShipCannonTest, withdrawsTheCannonballInFlightEvenWhenItLosesTheShot) {
-    place(ship1, 400, 400);
-    place(ship2, 420, 420);
-    ball1->show({700, 700, 20, 20}, {1, 2, 0, 0});
-    ship1->shoot();
-    EXPECT_FALSE(ball1->visible);
-    EXPECT_THAT(ball1->pos, isAt(700, 700));
-    EXPECT_EQ(ship1->reloading, 120);
-    EXPECT_EQ(ship2->hp, 50);
-}
-
 TEST_F(PlayerShipCannonTest, firesEvery120FramesWhileTheKeyIsHeld) {
     press(SDLK_SPACE);
     std::vector<int> frames;
@@ -112,44 +94,6 @@ TEST_F(PlayerShipCannonTest, firesEvery120FramesWhileTheKeyIsHeld) {
 }
 
 class PlayerShipTeleportTest : public DuelTest {};
-
-TEST_F(PlayerShipTeleportTest, takesItsViewportAlongEvenAtRest) {
-    for (const int playerId : {1, 2}) {
-        SCOPED_TRACE(playerId);
-        battle->viewport1 = {1, 2, 390, 490};
-        battle->viewport2 = {1, 2, 390, 490};
-        srandom(2);
-        ship(playerId)->teleport();
-        EXPECT_THAT(playerId == 1 ? battle->viewport1 : battle->viewport2, isAt(355, 305));
-        EXPECT_THAT(playerId == 1 ? battle->viewport2 : battle->viewport1, isAt(1, 2));
-    }
-}
-
-// A ship that cannot jump changes nothing and takes no random number.
-void expectNoJump(PlayerShip* ship, int teleportCounter, int teleportRecharge) {
-    place(ship, 950, 950);
-    ship->teleportCounter = teleportCounter;
-    ship->teleportRecharge = teleportRecharge;
-    ship->setReloading(5, 120);
-    srandom(1);
-    ship->teleport();
-    EXPECT_EQ(randomNumbersSince(1), 0);
-    EXPECT_THAT(ship->rect, isAt(950, 950));
-    EXPECT_EQ(ship->teleportCounter, teleportCounter);
-    EXPECT_EQ(ship->teleportRecharge, teleportRecharge);
-    EXPECT_EQ(ship->reloading, 5);
-    EXPECT_EQ(ship->maxReloading, 120);
-}
-
-TEST_F(PlayerShipTeleportTest, staysWhereItIsWithoutATeleportLeft) {
-    expectNoJump(ship1, 0, 0);
-    expectNoJump(ship1, 0, 10);
-}
-
-TEST_F(PlayerShipTeleportTest, staysWhereItIsWhileTheTeleportRecharges) {
-    expectNoJump(ship1, 3, 900);
-    expectNoJump(ship1, 2, 1);
-}
 
 TEST_F(PlayerShipTeleportTest, jumpsThreeTimesAtLeast900FramesApart) {
     for (const int playerId : {1, 2}) {
@@ -180,16 +124,6 @@ TEST_F(PlayerShipTeleportTest, firesFromWhereItLeavesInTheFrameOfAJump) {
     EXPECT_EQ(ship1->reloading, 299);
     EXPECT_EQ(ship1->maxReloading, 300);
     EXPECT_EQ(ship1->teleportRecharge, 899);
-}
-
-TEST_F(PlayerShipTeleportTest, sailsOnFromWhereItArrivesInTheFrameOfAJump) {
-    place(ship1, 900, 300, headingRight, 6);
-    press(SDLK_w);
-    press(SDLK_z);
-    srandom(4);
-    play(1);
-    EXPECT_THAT(ship1->rect, isAt(106, 400));
-    EXPECT_THAT(battle->viewport1, isAt(0, 205));
 }
 
 } // namespace

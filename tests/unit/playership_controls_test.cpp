@@ -64,37 +64,6 @@ TEST_P(PlayerShipControlsTest, turnsByAStepPerFrame) {
     EXPECT_NEAR(steered->direction, 0.45, 1e-12);
 }
 
-TEST_P(PlayerShipControlsTest, turnsLeftWhenBothTurnKeysAreHeld) {
-    press(helm.right);
-    press(helm.left);
-    steer(1);
-    EXPECT_DOUBLE_EQ(steered->direction, 0.05);
-}
-
-TEST_P(PlayerShipControlsTest, neverNormalisesTheHeading) {
-    press(helm.left);
-    steer(1000);
-    EXPECT_NEAR(steered->direction, 50.0, 1e-9);
-    release(helm.left);
-    Keyboard::releaseKeys();
-    press(helm.right);
-    steer(2000);
-    EXPECT_NEAR(steered->direction, -50.0, 1e-9);
-}
-
-TEST_P(PlayerShipControlsTest, reachesTopSpeedInHalfPixelSteps) {
-    press(helm.forward);
-    for (int frame = 1; frame < helm.framesToTopSpeed; ++frame) {
-        steer(1);
-        EXPECT_EQ(steered->velocity, 0.5 * frame) << frame;
-    }
-    EXPECT_LT(steered->velocity, helm.topSpeed);
-    steer(1);
-    EXPECT_EQ(steered->velocity, helm.topSpeed);
-    steer(50);
-    EXPECT_EQ(steered->velocity, helm.topSpeed);
-}
-
 TEST_P(PlayerShipControlsTest, coastsToRestInHalfPixelSteps) {
     steered->velocity = helm.topSpeed;
     steer(1);
@@ -122,26 +91,6 @@ TEST_P(PlayerShipControlsTest, firesWithEachFireKey) {
     }
 }
 
-TEST_P(PlayerShipControlsTest, firesOnceWithAllFireKeysHeld) {
-    for (const SDLKey key : helm.fire) {
-        press(key);
-    }
-    steer(1);
-    EXPECT_TRUE(ball(helm.playerId)->visible);
-    EXPECT_EQ(steered->reloading, 120);
-    // The keys are still held, yet the cannon has not been loaded again.
-    ball(helm.playerId)->visible = false;
-    steer(1);
-    EXPECT_FALSE(ball(helm.playerId)->visible);
-}
-
-TEST_P(PlayerShipControlsTest, jumpsWithTheTeleportKey) {
-    press(helm.teleport);
-    steer(1);
-    EXPECT_EQ(steered->teleportCounter, 2);
-    EXPECT_EQ(ship(3 - helm.playerId)->teleportCounter, 3);
-}
-
 TEST_P(PlayerShipControlsTest, ignoresEveryOtherKey) {
     std::vector<int> bound = {helm.left, helm.right, helm.forward, helm.teleport};
     bound.insert(bound.end(), helm.fire.begin(), helm.fire.end());
@@ -157,33 +106,6 @@ TEST_P(PlayerShipControlsTest, ignoresEveryOtherKey) {
     EXPECT_EQ(steered->reloading, 0);
     EXPECT_EQ(steered->teleportCounter, 3);
     EXPECT_FALSE(ball(helm.playerId)->visible);
-}
-
-TEST_P(PlayerShipControlsTest, firesAlongTheHeadingOfThisFrame) {
-    // A heading of 0.15 carries neither cannonball a whole pixel to the right, 0.2 carries both.
-    steered->direction = helm.playerId == 1 ? 0.15 : 0.1;
-    press(helm.left);
-    press(helm.fire[0]);
-    steer(1);
-    EXPECT_EQ(ball(helm.playerId)->velocity.x, 1);
-}
-
-TEST_P(PlayerShipControlsTest, firesWithTheSpeedOfThisFrame) {
-    steered->velocity = 1.5;
-    press(helm.forward);
-    press(helm.fire[0]);
-    steer(1);
-    EXPECT_EQ(ball(helm.playerId)->velocity.y, helm.playerId == 1 ? 7 : 8);
-}
-
-TEST_P(PlayerShipControlsTest, onlyReadsTheKeys) {
-    place(steered, 600, 600, headingRight, 4);
-    steered->reloading = 10;
-    steered->teleportRecharge = 10;
-    steer(1);
-    EXPECT_THAT(steered->rect, isAt(600, 600));
-    EXPECT_EQ(steered->reloading, 10);
-    EXPECT_EQ(steered->teleportRecharge, 10);
 }
 
 std::string helmName(const testing::TestParamInfo<Helm>& info) {

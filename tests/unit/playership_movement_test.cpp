@@ -43,27 +43,6 @@ TEST_F(PlayerShipMovementTest, staysWithinTheSurfaceOfTheWorld) {
     EXPECT_THAT(ship1->rect, isAt(400, 300));
 }
 
-TEST_F(PlayerShipMovementTest, takesItsViewportAlong) {
-    battle->viewport1 = {1, 2, 390, 490};
-    battle->viewport2 = {3, 4, 390, 490};
-    place(ship1, 600, 600, headingRight, 6);
-    ship1->move();
-    EXPECT_THAT(battle->viewport1, isAt(461, 405));
-    EXPECT_THAT(battle->viewport2, isAt(3, 4));
-    place(ship2, 600, 600, headingRight, 5);
-    ship2->move();
-    EXPECT_THAT(battle->viewport1, isAt(461, 405));
-    EXPECT_THAT(battle->viewport2, isAt(460, 405));
-}
-
-TEST_F(PlayerShipMovementTest, aimsItsViewportEvenTooSlowToMove) {
-    battle->viewport1 = {1, 2, 390, 490};
-    place(ship1, 600, 600, headingRight, 0.5);
-    ship1->move();
-    EXPECT_THAT(ship1->rect, isAt(600, 600));
-    EXPECT_THAT(battle->viewport1, isAt(455, 405));
-}
-
 TEST_F(PlayerShipMovementTest, aimsItsViewportAfterTheBorderHasHeldIt) {
     SDL_FreeSurface(battle->world);
     battle->world = createSurface(1600, 1300);

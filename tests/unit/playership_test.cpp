@@ -45,30 +45,6 @@ TEST_F(PlayerShipTest, isPlayer2sForEveryOtherId) {
     EXPECT_EQ(PlayerShip(battle.get(), 0).shipSpeed, 5);
 }
 
-// What a seed of the random generator makes of a ship: a heading, then x, then y.
-struct Start {
-    unsigned seed;
-    double direction;
-    int x;
-    int y;
-};
-
-const Start starts[] = {
-    {1, 0.6, 500, 300}, {2, 2.0, 500, 600}, {3, 1.2, 600, 100},
-    {4, 0.2, 400, 700}, {5, 3.0, 700, 400},
-};
-
-TEST_F(PlayerShipTest, picksItsHeadingBeforeItsPlace) {
-    for (const Start& start : starts) {
-        SCOPED_TRACE(start.seed);
-        srandom(start.seed);
-        const PlayerShip fresh(battle.get(), 1);
-        EXPECT_EQ(randomNumbersSince(start.seed), 3);
-        EXPECT_DOUBLE_EQ(fresh.direction, start.direction);
-        EXPECT_THAT(fresh.rect, isAt(start.x, start.y));
-    }
-}
-
 TEST_F(PlayerShipTest, startsWithOneOfTwentyHeadings) {
     std::set<double> headings;
     for (int i = 0; i < 1000; ++i) {
@@ -76,17 +52,6 @@ TEST_F(PlayerShipTest, startsWithOneOfTwentyHeadings) {
     }
     EXPECT_THAT(headings, testing::ElementsAre(0.0, 0.2, 0.4, 0.6, 0.8, 1.0, 1.2, 1.4, 1.6, 1.8,
                                                2.0, 2.2, 2.4, 2.6, 2.8, 3.0, 3.2, 3.4, 3.6, 3.8));
-}
-
-TEST_F(PlayerShipTest, picksXBeforeYWhenItIsRelocated) {
-    const int places[][2] = {{200, 500}, {500, 500}, {500, 600}, {100, 400}, {200, 700}};
-    for (unsigned seed = 1; seed <= 5; ++seed) {
-        SCOPED_TRACE(seed);
-        srandom(seed);
-        ship1->relocate();
-        EXPECT_EQ(randomNumbersSince(seed), 2);
-        EXPECT_THAT(ship1->rect, isAt(places[seed - 1][0], places[seed - 1][1]));
-    }
 }
 
 TEST_F(PlayerShipTest, isRelocatedToEveryPlaceOfTheGridAndNoOther) {
@@ -100,15 +65,6 @@ TEST_F(PlayerShipTest, isRelocatedToEveryPlaceOfTheGridAndNoOther) {
         EXPECT_THAT(place.first, testing::AnyOf(100, 200, 300, 400, 500, 600, 700));
         EXPECT_THAT(place.second, testing::AnyOf(100, 200, 300, 400, 500, 600, 700));
     }
-}
-
-TEST_F(PlayerShipTest, picksBothCoordinatesAgainWhereABarrierStands) {
-    // Seed 1 gives 200, 500, then 300, 600, then 200, 400.
-    addBarrier({299, 599, 2, 2});
-    srandom(1);
-    ship1->relocate();
-    EXPECT_THAT(ship1->rect, isAt(200, 400));
-    EXPECT_EQ(randomNumbersSince(1), 6);
 }
 
 TEST_F(PlayerShipTest, isRelocatedWithItsFullSize) {
