@@ -145,8 +145,8 @@ def test_what_a_page_names_exists(page, build):
 
 
 def test_a_missing_test_is_noticed():
-    assert missing_tests("`BulletTest.startsAtRest` and `" + test_a_missing_test_is_noticed.__name__
-                         + "`") == []
+    own_name = test_a_missing_test_is_noticed.__name__
+    assert missing_tests(f"`BulletTest.hitsTheOtherShip` and `{own_name}`") == []
     assert missing_tests("held by `BulletTest.flies`") == ["BulletTest.flies"]
     assert missing_tests("held by `test_nothing`") == ["test_nothing"]
 
@@ -186,5 +186,5 @@ def test_every_odd_behaviour_names_the_test_that_holds_it():
 
 
 def test_an_odd_behaviour_without_a_test_is_noticed():
-    assert odd_rows_without_a_test("| a | b | `BulletTest.startsAtRest` |\n") == []
+    assert odd_rows_without_a_test("| a | b | `BulletTest.hitsTheOtherShip` |\n") == []
     assert odd_rows_without_a_test("| a | `b` | none |\n") == ["| a | `b` | none |"]

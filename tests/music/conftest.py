@@ -48,7 +48,7 @@ class Game:
     rate: int
 
     def play(self, script, **settings):
-        """Plays a script, which may have steps seconds=N of sound; returns the outcome and the mix."""
+        """Plays a script with steps seconds=N of sound, too; returns the outcome and the mix."""
         script = re.sub(r"seconds=(\d+)", lambda step: f"heard={int(step[1]) * self.rate}", script)
         raw = self.root / "mix.raw"
         raw.unlink(missing_ok=True)
