@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """From heights, ground colours and plants to the finished barrier in its surf.
 
-To change: `sandy_shallows` and `stony_shallows` colour the water, `fading` lays out its edge; how
-wide each is, every barrier says itself in its `make`.
+To change: `sandy_shallows` and `stony_shallows` colour the water, `fading` lays out its edge.
+Every barrier sets their widths in its `make`.
 """
 from pathlib import Path
 
@@ -43,23 +43,23 @@ def render(g, work, fill):
 
 
 def weather_side(g):
-    """1 off shores on which the swell runs, 0 in their lee."""
+    """1 in the water off exposed shores, 0 on the sheltered side."""
     gy, gx = np.gradient(gaussian_filter(g.offshore - g.inland, 4 * CELLS))
     along = (gx * SWELL[0] + gy * SWELL[1]) / np.maximum(np.hypot(gx, gy), 1e-6)
     return np.clip(.5 - .5 * along, 0, 1)
 
 
 def within(g, corner):
-    """How far inside the rectangle a cell lies, whose corners are `corner` round."""
+    """How far a cell lies inside the rectangle with corners of radius `corner`."""
     qx, qy = np.abs(g.x) - (g.w / 2 - corner), np.abs(g.y) - (g.h / 2 - corner)
     outside = np.hypot(np.clip(qx, 0, None), np.clip(qy, 0, None))
     return corner - outside - np.minimum(np.maximum(qx, qy), 0)
 
 
 def fading(g, corner, ragged, low, high):
-    """The water's own strength: it dies away inside the rectangle that stops a ship, here soon
-    and there late, so that no side of the rectangle shows. It is `corner` round at the corners,
-    begins up to `ragged` inside, and takes from `low` to `high` pixels.
+    """The opacity of the water. It fades out inside the rectangle that stops a ship, at varying
+    distances, so that no side of the rectangle shows. Its corners have the radius `corner`; the
+    fade starts up to `ragged` pixels inside and is `low` to `high` pixels wide.
     """
     inside = within(g, corner)
     broad = g.noise(1.5, 60, 14, 73) + .5 * g.noise(1.2, 14, 5, 74)
@@ -144,7 +144,7 @@ def breakers(g, surge, front, lace):
     line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .1 * fine, 0, .85)
     torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .15 * fine, 0, 1)
     outer = lace * torn * np.exp(-((g.offshore - 2. - .9 * broad) / .85) ** 2)
-    # It ends in an uneven oval, well inside the rectangle here and close to it there.
+    # It ends in an uneven oval, at varying distances inside the rectangle.
     ends = g.h / 60 * 4. * g.noise(1.3, 34, 7, 86)
     ended = smoothstep(within(g, .46 * g.h) + ends, 2.5, 8.5)
     foam = np.maximum(trailing(g, np.maximum(foam, outer)) * ended, line)
@@ -177,7 +177,7 @@ def lagoon(g, reach, pale, wide, fine):
 
 
 def surf(g, lines, wide, fine):
-    """Foam on the shore and in broken lines further out: (distance, width, amount) each."""
+    """Foam on the shore and in broken lines further out, each (distance, width, amount, base)."""
     d = g.offshore + 1.1 * wide + .5 * fine
     foam = np.exp(-(np.clip(d - .4, 0, None) / 1.5) ** 2) * np.clip(.86 + .18 * fine, 0, 1)
     foam = foam * (g.offshore > 0)

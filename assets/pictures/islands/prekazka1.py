@@ -16,8 +16,8 @@ from islands.terrain import CELLS, Ground, lerp, srgb
 LANDING = (34, 46)          # the huts' clearing
 FIELD = (-47, 40)
 JETTY = (57, 59)
-# The crests, each a line of x, y, height from the middle, with the width of its lit and shaded
-# flank. They run across the light.
+# The crests, each a line of points (x and y from the middle, height), then the widths of its lit
+# and shaded flanks. They run across the light.
 SPINES = (
     (((-70, 14, 8), (-54, -4, 27), (-40, -18, 42), (-26, -30, 34), (-8, -46, 12)), 32, 27),
     (((-40, -18, 38), (-28, -4, 24), (-16, 4, 8)), 16, 16),

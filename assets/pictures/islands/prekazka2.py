@@ -11,8 +11,8 @@ from common.noise import smoothstep
 from islands import barrier
 from islands.terrain import CELLS, Ground, bare_rock, lerp, srgb
 
-# The crests, each a line of x, y, height from the middle, with the width of its lit and shaded
-# flank.
+# The crests, each a line of points (x and y from the middle, height), then the widths of its lit
+# and shaded flanks.
 SPINES = (
     (((-49, 22, 7), (-39, 13, 24), (-23, 1, 38), (-9, -9, 42), (2, -20, 26), (9, -29, 7)), 17, 14),
     (((-31, 8, 28), (-42, -3, 18), (-51, -8, 6)), 10, 9),

@@ -14,7 +14,7 @@ import numpy as np
 
 from ship.mesh import smooth
 
-STERN, BOW, BEAM = 45.4, -41.4, 17.7        # BEAM is half of it
+STERN, BOW, BEAM = 45.4, -41.4, 17.7        # BEAM is the half breadth
 TUMBLE = .93        # breadth at the rail as a part of the widest
 LEAST_STERN, WIDEST, FULL = .74, .42, .65   # plan: stern's breadth, and where she is widest
 ROUND, CORNER = .075, .24   # how far the stern is rounded, and by what part of its breadth

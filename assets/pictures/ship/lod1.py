@@ -35,7 +35,7 @@ TOLERANCE = 4
 # rail together are centred.
 TILT, DROP = 35, 4.8
 FORWARD = 1.7
-# Strength of the sun, of the light from before her and of the sky's.
+# Strength of the sun, of the light from in front of her and of the sky's.
 LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
 # The line round her, in pixels: tar on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
@@ -151,8 +151,8 @@ def outlined(ship, cells, wood):
 
 
 def cleared(ship):
-    """Where the outline still melts into the sea, take the pixel that comes next to standing out
-    from it, on the edge or beside it, all the way."""
+    """Where the outline still blends into the sea, take the pixel on or beside the edge that
+    stands out most, and make it fully dark or light."""
     alpha = ship[..., 3]
     body = alpha > .5
     light = ship[..., :3] @ LUMINANCE / np.maximum(alpha, 1e-6)

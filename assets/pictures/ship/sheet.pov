@@ -18,8 +18,8 @@ camera{ orthographic location <-Aside,300,-300*Tan + Drop> direction <0,-1,Tan>*
 #declare SunDir = vnormalize(<-.60,1.35,.60>);
 #declare Low = 9;        // height up to which canvas counts as low
 #if (Pass = 0)
-  // Her upright sides and sails turn towards the viewer: there the sun stands a little nearer to
-  // him than for the shadow on the water, or all that is seen of her would lie in her own shade.
+  // For the colours, the sun stands a little nearer to the viewer than for the shadow on the
+  // water; otherwise all visible sides would be in shade.
   light_source{ <-.80,1.15,-.22>*3000 rgb <1.0,.95,.84>*Sun area_light x*140,z*140,3,3 adaptive 1
     parallel point_at 0 }
   light_source{ <-500,700,-1000> rgb <.80,.88,1>*Front shadowless parallel point_at 0 }

@@ -2,10 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Foam round the ship, in her own axes, so that it turns with her.
 
-One sheet serves a ship at rest and one that makes way, so the foam touches her all round, leaves
+One sheet serves a ship at rest and one that is moving, so the foam touches her all round, leaves
 the stem as one feather and dies soon.
 
-To change: one function for each kind of foam.
+There is one function for each kind of foam.
 """
 import math
 
