@@ -114,7 +114,8 @@ if (!isFirefox) {
     assert.deepEqual([...new Set(runs.map((run) => run.piece))].sort(), pieces);
     for (const { piece, chunks } of runs) {
       assert.ok(chunks.length * chunkSeconds > 2 * await lengthOf(piece), piece);
-      assert.ok(new Set(chunks).size > longRun, `${piece} is not silence`);
+      // Silence would be one chunk again and again; a loop repeats its chunks after some rounds.
+      assert.ok(new Set(chunks).size > chunks.length / 10, `${piece} is not silence`);
     }
   });
 }
