@@ -67,7 +67,7 @@ def test_the_readme_names_the_same_packages():
         assert command in re.sub(r" \\\n +", " ", readme)
 
 
-NO_MODE = "This display has no mode of 800 x 600, so the game uses only the middle of it.\n"
+NO_MODE = "This display has no mode of 800 x 600, so the game uses only its middle.\n"
 NO_SOUND = "No sound device was found, so the game plays in silence.\n"
 
 
