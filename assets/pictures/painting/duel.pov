@@ -4,7 +4,7 @@
 // Eye and Focus are the camera of camera.py; the picture is the upper part of a frame
 // of 800 by 806, so that the horizon lies in the frame's middle.
 // Deliberate: the sun of this scene stands a little higher than the painted one, so that it shines
-// through the sails and still touches rails and decks; the sky in front of the ships shows their
+// through the sails and still touches rails and decks; the sky behind the eye lights their
 // sides.
 #version 3.7;
 global_settings{ assumed_gamma 1.0 max_trace_level 6 }
