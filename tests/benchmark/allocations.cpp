@@ -39,6 +39,7 @@ Allocations countedAllocations() {
     return counted;
 }
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the header's are reserved
 extern "C" {
 
 void* malloc(std::size_t size) {
@@ -72,6 +73,7 @@ int posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
     return *memory == nullptr ? 12 : 0; // ENOMEM
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 void* operator new(std::size_t size) {
     if (counting) {

@@ -68,6 +68,7 @@ void measureFrame(const std::function<void()>& frame, Timings& timings) {
 
 std::vector<double> battleFrames(GameHandler& battle, int frames) {
     std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(frames));
     for (int i = 0; i < frames; ++i) {
         times.push_back(timed([&] { battle.update(); }) - lastFlip());
     }

@@ -24,6 +24,7 @@ std::vector<SDL_Event> EventNoise::addTo(std::vector<SDL_Event> events) {
     if (random.below(framesBetweenBursts) == 0) {
         const int before = random.below(static_cast<int>(events.size()) + 1);
         std::vector<SDL_Event> burst;
+        burst.reserve(eventsOfBurst);
         for (int i = 0; i < eventsOfBurst; ++i) {
             burst.push_back(anyOther());
         }

@@ -16,7 +16,7 @@
 
 namespace {
 
-using Words = std::vector<std::string>;
+using Arguments = std::vector<std::string>;
 
 int numberOf(const std::string& word) {
     return std::atoi(word.c_str());
@@ -45,33 +45,34 @@ bool isNumber(const std::string& word) {
     return word.find_first_not_of("0123456789") == std::string::npos;
 }
 
-void show(const Words& words) {
-    if (isNumber(words[1])) {
-        showSeed(numberOf(words[1]), numberOf(words[2]));
+void show(const Arguments& arguments) {
+    if (isNumber(arguments[1])) {
+        showSeed(numberOf(arguments[1]), numberOf(arguments[2]));
     } else {
-        showScript(words[1], numberOf(words[2]), words.size() > 3 ? words[3] : "");
+        showScript(arguments[1], numberOf(arguments[2]), arguments.size() > 3 ? arguments[3] : "");
     }
 }
 
 // Returns the exit status.
-int run(const Words& words, Counts& counts) {
-    const std::string command = words.empty() ? "" : words[0];
-    const std::string name = words.size() > 1 ? words[1] : "";
-    const bool hasTwo = words.size() > 2;
+int run(const Arguments& arguments, Counts& counts) {
+    const std::string command = arguments.empty() ? "" : arguments[0];
+    const std::string name = arguments.size() > 1 ? arguments[1] : "";
+    const bool hasTwo = arguments.size() > 2;
     bool good = true;
     if (command == "scripts" || command == "scripts-undrawn") {
         good = replayScripts(name, command == "scripts", counts);
     } else if ((command == "seeds" || command == "seeds-drawn") && hasTwo) {
-        const SeedChoice choice = {numberOf(name), numberOf(words[2]), command == "seeds-drawn"};
+        const SeedChoice choice = {numberOf(name), numberOf(arguments[2]),
+                                   command == "seeds-drawn"};
         good = choice.step > 0 && replaySeeds(choice, counts);
     } else if (command == "clipping") {
         good = clipsLikeTheLibrary(counts);
     } else if ((command == "monkey" || command == "night") && hasTwo) {
-        const LongRun longRun = {static_cast<unsigned>(numberOf(name)), numberOf(words[2]),
+        const LongRun longRun = {static_cast<unsigned>(numberOf(name)), numberOf(arguments[2]),
                                  command == "night"};
         good = surviveLongRun(longRun, counts);
     } else if (command == "show" && hasTwo) {
-        show(words);
+        show(arguments);
     } else if (command == "renew-scripts") {
         renewScripts(name);
     } else if (command == "renew-seeds") {
@@ -88,14 +89,14 @@ int main(int argc, char** argv) {
     // A replay shows and sounds nothing, whatever drivers there are.
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 1);
-    Words words(argv + 1, argv + argc);
+    Arguments arguments(argv + 1, argv + argc);
     std::string countsFile;
-    if (words.size() > 1 && words[0] == "--counts") {
-        countsFile = words[1];
-        words.erase(words.begin(), words.begin() + 2);
+    if (arguments.size() > 1 && arguments[0] == "--counts") {
+        countsFile = arguments[1];
+        arguments.erase(arguments.begin(), arguments.begin() + 2);
     }
     Counts counts;
-    const int status = run(words, counts);
+    const int status = run(arguments, counts);
     printCounts(counts);
     if (status == 0 && !countsFile.empty()) {
         writeCounts(countsFile, counts);

@@ -85,7 +85,7 @@ void showDifference(const std::vector<std::string>& expected,
     int displays = 0;
     for (const std::string& line : expected) {
         const std::string name = line.substr(0, line.rfind(' '));
-        const std::string value = wanted.at(name);
+        const std::string& value = wanted.at(name);
         if (found[name] == value || isStates(line)) {
             continue;
         }

@@ -17,7 +17,7 @@ namespace {
 
 const int seedCount = 10000;
 const int noteDigits = 3;
-const std::size_t shownDifferences = 10;
+const std::size_t shownSeeds = 10;
 const char* const expectedFile = MORVANE_REPLAYS "/seeds.expected";
 
 // Every tenth seed plays with the awkward pictures.
@@ -113,7 +113,7 @@ bool replaySeeds(const SeedChoice& choice, Counts& counts) {
         counts["frames"] += numberIn(row[1]);
         if (seen[i] != expected[i]) {
             ++differences;
-            if (differences <= shownDifferences) {
+            if (differences <= shownSeeds) {
                 showDifference(expected[i], seen[i]);
             }
         }

@@ -26,7 +26,6 @@ void* sharedPixels(int w, int h) {
 
 } // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 SDL_Surface* __real_SDL_CreateRGBSurface(Uint32 flags, int w, int h, int depth, Uint32 r, Uint32 g,
@@ -41,4 +40,3 @@ SDL_Surface* __wrap_SDL_CreateRGBSurface(Uint32 flags, int w, int h, int depth, 
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -111,12 +111,11 @@ int runGame(const char* pictures) {
 }
 
 Outcome runReplay(const std::function<int()>& function) {
-    const Outcome outcome = runInChild([&] { std::exit(function()); }, replayPatience);
+    Outcome outcome = runInChild([&] { std::exit(function()); }, replayPatience);
     std::cerr << outcome.err;
     return outcome;
 }
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __real_rand();
@@ -138,4 +137,3 @@ void __wrap__ZN10PlayerShip6wasHitEv(PlayerShip* ship) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -9,7 +9,6 @@
 
 Drawing drawing;
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __real_SDL_UpperBlit(SDL_Surface* source, SDL_Rect* part, SDL_Surface* target, SDL_Rect* place);
@@ -43,4 +42,3 @@ int __wrap_SDL_Flip(SDL_Surface* display) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

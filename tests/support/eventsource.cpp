@@ -5,7 +5,6 @@
 
 EventSource* eventSource = nullptr;
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __real_SDL_PollEvent(SDL_Event* event);
@@ -29,4 +28,3 @@ void __wrap_SDL_Delay(Uint32 milliseconds) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

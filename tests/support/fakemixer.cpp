@@ -27,7 +27,6 @@ bool fails(const std::string& call) {
 
 } // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __wrap_Mix_OpenAudio(int frequency, Uint16 format, int channels, int chunkSize) {
@@ -76,4 +75,3 @@ void __wrap_Mix_CloseAudio() {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

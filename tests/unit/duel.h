@@ -48,7 +48,7 @@ protected:
     void TearDown() override;
 
     // Adds a barrier with its own picture, before all other objects.
-    Barrier* addBarrier(SDL_Rect place, Colour colour = barrierColours[0]);
+    Barrier* addBarrier(SDL_Rect rect, Colour colour = barrierColours[0]);
 
     // Plays frames as the main loop does. Keys released in a frame go up after it.
     void play(int frames);

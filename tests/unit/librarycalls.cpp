@@ -95,7 +95,6 @@ void note(const std::string& line) {
     }
 }
 
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
 
 int __real_SDL_Init(Uint32 flags);
@@ -209,4 +208,3 @@ void __wrap__ZN11ProgramMode8activateEv(ProgramMode* mode) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -18,7 +18,7 @@ struct ButtonPlace {
     int y; // on the plain pictures of MenuTest
 };
 
-const ButtonPlace places[] = {{0, 2, 284}, {1, 8, 327}, {2, 9, 370}, {3, 11, 413}};
+const ButtonPlace buttonPlaces[] = {{0, 2, 284}, {1, 8, 327}, {2, 9, 370}, {3, 11, 413}};
 
 class MainMenuButtonTest : public MenuTest {
 protected:
@@ -42,7 +42,7 @@ protected:
         fillAll(target.get(), under);
         button(id).focusLevel = focusLevel;
         button(id).redraw(target.get());
-        return pixel(target.get(), 400, places[id].y + 21);
+        return pixel(target.get(), 400, buttonPlaces[id].y + 21);
     }
 };
 
@@ -55,7 +55,7 @@ void expectPosition(const MainMenuButton& button, int x, int y) {
 }
 
 TEST_F(MainMenuButtonTest, startsWithoutHighlight) {
-    for (const ButtonPlace& place : places) {
+    for (const ButtonPlace& place : buttonPlaces) {
         SCOPED_TRACE(place.id);
         const MainMenuButton made(menu.get(), place.id);
         EXPECT_EQ(made.id, place.id);
@@ -115,7 +115,7 @@ TEST_F(MainMenuButtonTest, fadesBackInFourFrames) {
 
 TEST_F(MainMenuButtonTest, showsThePictureThirteenRowsBelowAtFullFocus) {
     const int highlightedRows[] = {15, 21, 22, 24};
-    for (const ButtonPlace& place : places) {
+    for (const ButtonPlace& place : buttonPlaces) {
         SCOPED_TRACE(place.id);
         EXPECT_EQ(drawnAt(place.id, 255), cellColour(highlightedRows[place.id]));
     }
