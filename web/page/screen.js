@@ -13,9 +13,6 @@ export class Screen {
     this.context = canvas.getContext("2d", { alpha: false });
     this.frames = 0;
     new ResizeObserver(() => this.fit()).observe(stage.parentElement);
-    window.addEventListener("resize", () => this.fit());
-    document.addEventListener("fullscreenchange", () => this.fit());
-    this.fit();
   }
 
   // Fits the stage into the room that the style sheet leaves; both sides are whole device pixels.
@@ -35,6 +32,7 @@ export class Screen {
   }
 
   present(pixels, width, height) {
+    if (width === 0) return; // SDL hides its cursor before it has a display
     this.context.putImageData(new ImageData(pixels, width, height), 0, 0);
     this.frames += 1;
   }

@@ -2,9 +2,8 @@
    SPDX-License-Identifier: MIT */
 
 /* SDL_image's IMG_Load for the site's pictures. They are the game's PNG files, stored as lossless
-   WebP, which is a third smaller. The surface is the same as SDL_image makes from the PNG file:
-   24-bit without an alpha channel, 32-bit with an alpha channel. */
-#include <stdio.h>
+   WebP, which is a third smaller. The surface is the one that SDL_image makes from the PNG file:
+   24-bit without transparency, 32-bit with it. */
 #include <stdlib.h>
 #include <webp/decode.h>
 
@@ -12,48 +11,32 @@
 #include "SDL_image.h"
 
 static SDL_Surface* decode(const Uint8* bytes, size_t size) {
-    WebPBitstreamFeatures picture;
-    if (WebPGetFeatures(bytes, size, &picture) != VP8_STATUS_OK) {
-        SDL_SetError("Not a picture");
-        return NULL;
-    }
-    SDL_Surface* surface =
-        SDL_CreateRGBSurface(SDL_SWSURFACE, picture.width, picture.height,
-                             picture.has_alpha ? 32 : 24, 0xFF, 0xFF00, 0xFF0000,
-                             picture.has_alpha ? 0xFF000000 : 0);
-    if (!surface) {
-        return NULL;
-    }
-    const size_t length = (size_t)surface->pitch * (size_t)surface->h;
-    const Uint8* decoded =
-        picture.has_alpha
-            ? WebPDecodeRGBAInto(bytes, size, surface->pixels, length, surface->pitch)
-            : WebPDecodeRGBInto(bytes, size, surface->pixels, length, surface->pitch);
-    if (!decoded) {
+    WebPBitstreamFeatures picture = {0};
+    WebPGetFeatures(bytes, size, &picture);
+    const int isRgba = picture.has_alpha;
+    Uint8* pixels = (isRgba ? WebPDecodeRGBA : WebPDecodeRGB)(bytes, size, NULL, NULL);
+    if (!pixels) {
         SDL_SetError("The picture is damaged");
-        SDL_FreeSurface(surface);
         return NULL;
     }
+    SDL_Surface* surface = SDL_CreateRGBSurfaceFrom(
+        pixels, picture.width, picture.height, isRgba ? 32 : 24, picture.width * (isRgba ? 4 : 3),
+        0xFF, 0xFF00, 0xFF0000, isRgba ? 0xFF000000 : 0);
+    surface->flags &= ~(Uint32)SDL_PREALLOC; /* the surface owns its pixels and frees them */
     return surface;
 }
 
 SDL_Surface* IMG_Load(const char* name) {
-    FILE* file = fopen(name, "rb");
+    SDL_RWops* file = SDL_RWFromFile(name, "rb");
     if (!file) {
-        SDL_SetError("Couldn't open %s", name);
         return NULL;
     }
-    fseek(file, 0, SEEK_END);
-    const size_t size = (size_t)ftell(file);
-    rewind(file);
-    Uint8* bytes = malloc(size + 1);
-    SDL_Surface* surface = NULL;
-    if (!bytes || fread(bytes, 1, size, file) != size) {
-        SDL_SetError("Couldn't read %s", name);
-    } else {
-        surface = decode(bytes, size);
-    }
+    const int size = SDL_RWseek(file, 0, SEEK_END);
+    SDL_RWseek(file, 0, SEEK_SET);
+    Uint8* bytes = malloc((size_t)size);
+    const int count = SDL_RWread(file, bytes, 1, size);
+    SDL_RWclose(file);
+    SDL_Surface* surface = decode(bytes, (size_t)count);
     free(bytes);
-    fclose(file);
     return surface;
 }

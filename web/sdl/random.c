@@ -4,7 +4,7 @@
 /* The GNU C library's rand and random, which share one state, so that a seed gives the same duel in
    the browser as on Linux: the additive feedback generator x[i] = x[i-3] + x[i-31], whose first 31
    words come from the multiplicative generator 16807 * x mod (2^31 - 1), and whose first 310
-   results are dropped. */
+   results are dropped. The game calls srand first. */
 #include <stdint.h>
 #include <stdlib.h>
 
@@ -12,7 +12,6 @@ enum { wordCount = 31, lag = 3, dropped = 310 };
 
 static uint32_t words[wordCount];
 static int oldest;
-static int isSeeded;
 
 static uint32_t next(void) {
     const int nearer = (oldest + wordCount - lag) % wordCount;
@@ -32,16 +31,12 @@ void srand(unsigned seed) {
         }
     }
     oldest = lag; /* the first three words also count as the latest */
-    isSeeded = 1;
     for (int i = 0; i < dropped; ++i) {
         next();
     }
 }
 
 long random(void) {
-    if (!isSeeded) {
-        srand(1);
-    }
     return (long)next();
 }
 

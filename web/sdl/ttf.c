@@ -69,9 +69,9 @@ void TTF_CloseFont(TTF_Font* font) {
     }
 }
 
-static Box loadGlyph(TTF_Font* font, FT_UInt glyph, FT_Int32 flags) {
+static Box loadGlyph(TTF_Font* font, FT_UInt glyph) {
     Box box = {0, 0, 0, 0, 0};
-    if (FT_Load_Glyph(font->face, glyph, flags) == 0) {
+    if (FT_Load_Glyph(font->face, glyph, FT_LOAD_RENDER) == 0) {
         const FT_Glyph_Metrics* metrics = &font->face->glyph->metrics;
         box.left = floorPixels(metrics->horiBearingX);
         box.top = floorPixels(metrics->horiBearingY);
@@ -121,7 +121,7 @@ static Extent layOut(TTF_Font* font, const char* text, SDL_Surface* surface) {
     int x = 0;
     for (const char* c = text; *c; ++c) {
         const FT_UInt glyph = FT_Get_Char_Index(font->face, (unsigned char)*c);
-        const Box box = loadGlyph(font, glyph, surface ? FT_LOAD_RENDER : FT_LOAD_DEFAULT);
+        const Box box = loadGlyph(font, glyph);
         x += kerning(font, before, glyph);
         before = glyph;
         if (surface && c == text && box.left < 0) {
@@ -149,8 +149,7 @@ SDL_Surface* TTF_RenderText_Blended(TTF_Font* font, const char* text, SDL_Color 
         SDL_CreateRGBSurface(SDL_SWSURFACE, width, depth > font->height ? depth : font->height, 32,
                              0xFF0000, 0xFF00, 0xFF, 0xFF000000);
     if (surface) {
-        SDL_FillRect(surface, NULL,
-                     (Uint32)color.r << 16 | (Uint32)color.g << 8 | (Uint32)color.b);
+        SDL_FillRect(surface, NULL, (Uint32)color.r << 16 | (Uint32)color.g << 8 | (Uint32)color.b);
         layOut(font, text, surface);
     }
     return surface;
