@@ -20,7 +20,7 @@ after(async () => {
 });
 
 const keysOf = [["a", "d", "w", "space", "z"], ["left", "right", "up", "enter", "delete"]];
-const heldKeys = (page) => page.evaluate(() => [...window.morvane.input.holders.keys()].sort(
+const heldKeys = (page) => page.evaluate(() => [...window.morvane.input.down].sort(
   (a, b) => a - b));
 const lit = (page) => page.evaluate(() => [...document.querySelectorAll(".pad .down, .crew .down")]
   .map((cap) => cap.dataset.key));
@@ -47,7 +47,7 @@ async function stubGamepads(page) {
 test("two gamepads choose in the menu, then sail, turn and fire at once", async () => {
   const page = await support.openPage(browser, server.address, stubGamepads);
   await page.evaluate(() => window.connect());
-  assert.equal(await page.evaluate(() => document.getElementById("pads").textContent),
+  assert.equal(await page.evaluate(() => document.getElementById("gamepads").textContent),
     "Gamepads: both players");
   await support.startGame(page);
   const press = async (pad, ...numbers) => {

@@ -82,7 +82,7 @@ async function playInPage(script) {
       const [, kind, a, b] = script.events[at++];
       send[kind](a, b);
     }
-    return input.next();
+    return input.events.shift();
   };
   const shown = script.shown || [];
   const pictures = {};

@@ -6,10 +6,8 @@ export class Clock {
   constructor() {
     this.lost = 0; // time spent in pauses
     this.pausedAt = null;
-    this.resumed = null; // wakes the sleeper when the pause ends
+    this.running = Promise.resolve(); // resolved when the clock is not paused
     this.channel = new MessageChannel();
-    this.channel.port1.onmessage = () => this.wait();
-    this.sleeper = null;
   }
 
   now() {
@@ -17,31 +15,24 @@ export class Clock {
   }
 
   // Browsers delay a timer by 4 ms if another timer has set it, but not if a message has set it.
-  sleep(ms) {
-    return new Promise((resolve) => {
-      this.sleeper = { resolve, ms };
+  async sleep(ms) {
+    await new Promise((resolve) => {
+      this.channel.port1.onmessage = () => setTimeout(resolve, ms);
       this.channel.port2.postMessage(0);
     });
-  }
-
-  wait() {
-    const { resolve, ms } = this.sleeper;
-    setTimeout(() => {
-      if (this.pausedAt === null) resolve();
-      else this.resumed = resolve;
-    }, ms);
+    await this.running;
   }
 
   pause() {
-    if (this.pausedAt === null) this.pausedAt = performance.now();
+    if (this.pausedAt !== null) return;
+    this.pausedAt = performance.now();
+    this.running = new Promise((resolve) => { this.endPause = resolve; });
   }
 
   resume() {
     if (this.pausedAt === null) return;
     this.lost += performance.now() - this.pausedAt;
     this.pausedAt = null;
-    const { resumed } = this;
-    this.resumed = null;
-    if (resumed) resumed();
+    this.endPause();
   }
 }

@@ -8,35 +8,24 @@ const south = 0, east = 1, west = 2, north = 3, leftTrigger = 6, rightTrigger = 
 const start = 9, crossUp = 12, crossDown = 13, crossLeft = 14, crossRight = 15;
 const stickThreshold = 0.4;
 
-function actions(pad) {
-  const pressed = (...numbers) =>
+// The symbols of the keys that a gamepad presses. In the menu, any gamepad moves the focus and
+// chooses.
+function symbolsOf(pad, keys, isBattle) {
+  const isPressed = (...numbers) =>
     numbers.some((number) => pad.buttons[number] && pad.buttons[number].pressed);
   const [x = 0, y = 0] = pad.axes;
-  return {
-    left: x < -stickThreshold || pressed(crossLeft),
-    right: x > stickThreshold || pressed(crossRight),
-    forward: y < -stickThreshold || pressed(crossUp),
-    back: y > stickThreshold || pressed(crossDown),
-    sail: pressed(south, leftTrigger),
-    fire: pressed(east, west, rightTrigger),
-    teleport: pressed(north),
-    menu: pressed(start),
-  };
-}
-
-function keysInBattle(act, keys) {
-  return [
-    act.left && keys.left, act.right && keys.right, (act.sail || act.forward) && keys.sail,
-    act.fire && keys.fire, act.teleport && keys.teleport, act.menu && "escape",
-  ];
-}
-
-// In the menu, any gamepad moves the focus and chooses.
-function keysInMenu(act) {
-  return [
-    act.forward && "up", act.back && "down", (act.sail || act.fire) && "enter",
-    act.menu && "escape",
-  ];
+  const up = y < -stickThreshold || isPressed(crossUp);
+  const sail = isPressed(south, leftTrigger);
+  const fire = isPressed(east, west, rightTrigger);
+  const pressed = isBattle ? {
+    [keys.left]: x < -stickThreshold || isPressed(crossLeft),
+    [keys.right]: x > stickThreshold || isPressed(crossRight),
+    [keys.sail]: sail || up,
+    [keys.fire]: fire,
+    [keys.teleport]: isPressed(north),
+  } : { up, down: y > stickThreshold || isPressed(crossDown), enter: sail || fire };
+  pressed.escape = isPressed(start);
+  return Object.keys(pressed).filter((name) => pressed[name]).map((name) => symbols[name]);
 }
 
 // The first two gamepads press the keys of the two players. poll() is called at least once a frame.
@@ -46,10 +35,6 @@ export class Gamepads {
     this.isBattle = isBattle;
     this.wasBattle = false;
     this.resting = new Set(); // gamepads ignored until all their controls are released
-    this.onChange = () => {}; // (number of gamepads)
-    for (const name of ["gamepadconnected", "gamepaddisconnected"]) {
-      window.addEventListener(name, () => this.onChange(this.connected().length));
-    }
   }
 
   connected() {
@@ -60,16 +45,13 @@ export class Gamepads {
   poll() {
     const pads = this.connected();
     const isBattle = pads.length > 0 && this.isBattle();
-    if (isBattle !== this.wasBattle) { // the press that chose "New game" must not fire
-      players.forEach((_, index) => this.resting.add(index));
-    }
+    // The press that chose "New game" must not fire.
+    if (isBattle !== this.wasBattle) this.resting = new Set(players);
     this.wasBattle = isBattle;
     players.forEach((keys, index) => {
-      const act = pads[index] ? actions(pads[index]) : {};
-      const names = (isBattle ? keysInBattle(act, keys) : keysInMenu(act)).filter(Boolean);
-      if (names.length === 0) this.resting.delete(index);
-      const wanted = this.resting.has(index) ? [] : names.map((name) => symbols[name]);
-      this.input.hold(new Set(wanted), `gamepad ${index}`);
+      const pressed = pads[index] ? symbolsOf(pads[index], keys, isBattle) : [];
+      if (pressed.length === 0) this.resting.delete(keys);
+      this.input.hold(this.resting.has(keys) ? [] : pressed, `gamepad ${index}`);
     });
   }
 }

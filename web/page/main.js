@@ -5,7 +5,7 @@ import { Clock } from "./clock.js";
 import { Gamepads } from "./gamepad.js";
 import { Input } from "./input.js";
 import { Keyboard, lightKeyCaps } from "./keyboard.js";
-import { LoadError, Loader, checkBrowser } from "./loader.js";
+import { LoadError, Loader } from "./loader.js";
 import { keepOffline } from "./offline.js";
 import { connectPointer } from "./pointer.js";
 import { Screen, toggleFullScreen } from "./screen.js";
@@ -14,37 +14,43 @@ import { connectTouch } from "./touch.js";
 import { base, files } from "./files.js";
 
 const element = (id) => document.getElementById(id);
-const megabytes = (bytes) => (bytes / 1e6).toFixed(1);
+const listen = (target, names, action) => {
+  for (const name of names.split(" ")) target.addEventListener(name, action);
+};
+const canvas = element("canvas");
+const posterPatience = 2000; // milliseconds
 
 let program = null; // the running game
 let ready = null; // everything that a game needs: { play, compiled, data }
-let pageIsLeaving = false;
-const posterPatience = 2000; // milliseconds
 
 const isPlaying = () => program !== null;
 const isBattle = () => isPlaying() && program._isBattle() !== 0;
 
 const clock = new Clock();
 const input = new Input();
-const screen = new Screen(element("stage"), element("canvas"));
-const sound = new Sound(`${base}mixer-worklet.js`);
+const screen = new Screen(element("stage"), canvas);
+const sound = new Sound();
 const gamepads = new Gamepads(input, isBattle);
 const keyboard = new Keyboard(input, isPlaying);
 
+// The functions that the drivers in web/sdl call.
 const page = {
   now: () => clock.now(),
   sleep: (ms) => clock.sleep(ms),
-  open: () => {},
   present: (pixels, width, height) => screen.present(pixels, width, height),
-  nextEvent: () => input.next(),
   openAudio: (...format) => sound.open(...format),
   closeAudio: () => sound.close(),
+  nextEvent: () => {
+    if (input.events.length === 0) gamepads.poll(); // so at least once a frame
+    return input.events.shift();
+  },
 };
 
 // ---- loading ----
 
 const loader = new Loader(base, files);
 loader.onProgress = (bytes, total) => {
+  const megabytes = (count) => (count / 1e6).toFixed(1);
   element("bar").value = bytes / total;
   element("bytes").textContent = `${megabytes(bytes)} of ${megabytes(total)} MB`;
 };
@@ -59,160 +65,138 @@ async function showPoster() {
 }
 
 async function prepare() {
-  checkBrowser();
+  if (typeof WebAssembly !== "object") {
+    throw new LoadError("This browser has no WebAssembly, which the game needs. Every browser " +
+      "of recent years has it, unless it was switched off.");
+  }
   await showPoster();
   const [loaded, game] = await Promise.all([loader.load(), import("./game.js")]);
-  const compiled = await WebAssembly.compile(loaded.get("morvane.wasm"));
+  const compiled = await WebAssembly.compile(loaded.get("morvane.wasm")).catch(() => {
+    throw new LoadError("The WebAssembly of this browser is too old for the game, which needs " +
+      "Chromium 91, Firefox 89, Safari 16.4 or later.");
+  });
   const data = new Map(files.filter((file) => file.data)
     .map((file) => [file.data, loaded.get(file.name)]));
   return { play: game.play, compiled, data };
 }
 
-function explain(problem) {
-  if (problem instanceof LoadError) return problem.message;
-  console.error(problem);
-  return "The game could not be loaded: the connection was lost or the download failed.";
-}
-
+// Offers an action on the large button, with a message if something has gone wrong.
 function offer(label, action, message = "") {
   const button = element("play");
   button.textContent = label;
-  button.disabled = false;
+  button.disabled = !action;
   button.onclick = action;
   element("message").textContent = message;
-  element("loading").hidden = true;
+  element("loading").hidden = action !== null;
   if (document.activeElement === document.body) button.focus({ preventScroll: true });
 }
 
 async function load() {
-  element("play").disabled = true;
-  element("play").textContent = "Play";
-  element("message").textContent = "";
-  element("loading").hidden = false;
+  offer("Play", null);
   try {
     ready = await prepare();
     offer("Play", start);
-    keepOffline(offerNewVersion);
+    keepOffline(isPlaying);
   } catch (problem) {
-    offer("Try again", load, explain(problem));
+    console.error(problem);
+    offer("Try again", load, problem instanceof LoadError ? problem.message :
+      "The game could not be loaded: the connection was lost or the download failed.");
   }
 }
 
 // ---- playing ----
 
-function ashore(isAshore) {
-  document.body.classList.toggle("ashore", isAshore);
-}
-
 async function start() {
-  ashore(false);
-  element("canvas").focus({ preventScroll: true });
-  input.clear();
+  document.body.classList.remove("ashore");
+  canvas.focus({ preventScroll: true });
+  input.events.length = 0;
   try {
-    const end = await ready.play({
-      compiled: ready.compiled, data: ready.data, page,
-      onStart: (started) => { program = started; },
-    });
-    offer(end.isFailure ? "Try again" : "Play again", start,
-      end.isFailure ? end.messages.join(" ") : "");
+    const { compiled, data } = ready;
+    const onStart = (started) => { program = started; };
+    const end = await ready.play({ compiled, data, page, onStart });
+    if (end.isFailure) offer("Try again", start, end.messages.join(" "));
+    else offer("Play again", start);
   } catch (problem) {
     console.error(problem);
     offer("Try again", start, `The game has stopped: ${problem.message}`);
   }
   program = null;
   sound.close();
-  ashore(true);
+  document.body.classList.add("ashore");
 }
-
-// The gamepads are polled when the game asks for events, so at least once a frame.
-page.nextEvent = () => {
-  const event = input.next();
-  if (!event) gamepads.poll();
-  return event || input.next();
-};
 
 // ---- the page around the game ----
-
-function offerNewVersion(takeOver) {
-  const reload = () => {
-    navigator.serviceWorker.addEventListener("controllerchange", () => {
-      pageIsLeaving = true;
-      window.location.reload();
-    });
-    takeOver();
-  };
-  if (!isPlaying()) reload();
-}
 
 function notice(text) {
   element("notice").textContent = text;
   element("notice").hidden = text === "";
 }
 
+function loseFocus() {
+  keyboard.releaseAll();
+  input.focus(false);
+}
+
 function pauseOrResume() {
   if (document.hidden) {
     clock.pause();
     sound.pause();
-    input.blur();
+    loseFocus();
   } else {
     clock.resume();
     sound.wake();
-    input.focus();
+    input.focus(true);
   }
 }
 
-function remembered(control, key, apply) {
+// Applies a control of the page and keeps its value for the next visit, where storage is allowed.
+function remember(control, apply) {
+  let storage = {};
   try {
-    const value = localStorage.getItem(key);
-    if (value !== null) control.value = value;
-  } catch (problem) { /* the browser does not allow storage */ }
-  const change = () => {
-    apply(control.value);
-    try {
-      localStorage.setItem(key, control.value);
-    } catch (problem) { /* as above */ }
-  };
-  control.addEventListener("input", change);
+    storage = window.localStorage;
+  } catch (problem) { /* not allowed */ }
+  const name = `morvane ${control.id}`;
+  control.value = storage[name] || control.value;
   apply(control.value);
+  listen(control, "input", () => {
+    storage[name] = control.value;
+    apply(control.value);
+  });
+  listen(control, "change", () => { if (isPlaying()) canvas.focus(); });
 }
 
+input.onKey = lightKeyCaps;
 sound.onState = notice;
-gamepads.onChange = (count) => {
-  element("pads").textContent = ["", "Gamepad: player 1", "Gamepads: both players"][count];
-};
-lightKeyCaps(input);
-connectPointer(input, element("canvas"));
+connectPointer(input, canvas);
 connectTouch(input);
-remembered(element("volume"), "morvane volume", (value) => sound.setVolume((value / 100) ** 2));
-remembered(element("layout"), "morvane keys", (value) => { keyboard.byPlace = value === "place"; });
+remember(element("volume"), (value) => sound.setVolume((value / 100) ** 2));
+remember(element("layout"), (value) => { keyboard.byPlace = value === "place"; });
 
-for (const name of ["keydown", "pointerdown", "touchend"]) {
-  window.addEventListener(name, () => sound.wake());
-}
 for (const button of document.querySelectorAll(".full-screen")) {
-  button.addEventListener("click", () => {
+  listen(button, "click", () => {
     toggleFullScreen().catch(() => notice("The browser does not allow full screen here."));
-    if (isPlaying()) element("canvas").focus({ preventScroll: true });
+    if (isPlaying()) canvas.focus({ preventScroll: true });
   });
 }
 for (const button of document.querySelectorAll("[data-dialog]")) {
-  button.addEventListener("click", () => element(button.dataset.dialog).showModal());
+  listen(button, "click", () => element(button.dataset.dialog).showModal());
 }
-for (const control of document.querySelectorAll("footer input, footer select")) {
-  control.addEventListener("change", () => { if (isPlaying()) element("canvas").focus(); });
-}
-document.addEventListener("visibilitychange", pauseOrResume);
-window.addEventListener("blur", () => input.blur());
-window.addEventListener("focus", () => input.focus());
-window.addEventListener("beforeunload", (event) => {
-  if (isBattle() && !pageIsLeaving) {
-    event.preventDefault();
-    event.returnValue = "";
-  }
+listen(window, "gamepadconnected gamepaddisconnected", () => {
+  element("gamepads").textContent =
+    ["", "Gamepad: player 1", "Gamepads: both players"][gamepads.connected().length];
+});
+listen(window, "keydown pointerdown touchend", () => sound.wake());
+listen(document, "visibilitychange", pauseOrResume);
+listen(window, "blur", loseFocus);
+listen(window, "focus", () => input.focus(true));
+listen(window, "beforeunload", (event) => {
+  if (!isBattle()) return;
+  event.preventDefault();
+  event.returnValue = "";
 });
 
 // The parts of the page, for tests and for use in the console.
-window.morvane = { clock, gamepads, input, loader, page, screen, sound, isBattle };
+window.morvane = { clock, gamepads, input, page, loader, screen, sound, isBattle };
 window.morvane.program = () => program;
 
 load();

@@ -1,22 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-// Stores the site for use without a network, and offers a new version once all of it has been
-// stored. An open page uses its own version until it is loaded again.
-export async function keepOffline(onNewVersion) {
-  if (!("serviceWorker" in navigator)) return;
+// Stores the site for use without a network. A new version of it takes over once all of it has been
+// stored, but not while a game is running: then the next visit does that.
+export async function keepOffline(isPlaying) {
+  const workers = navigator.serviceWorker;
+  if (!workers) return;
   try {
-    const registration =
-      await navigator.serviceWorker.register("sw.js", { updateViaCache: "none" });
-    const offer = () => {
-      const { waiting } = registration;
-      if (waiting && navigator.serviceWorker.controller) {
-        onNewVersion(() => waiting.postMessage("take over"));
-      }
+    const registration = await workers.register("sw.js", { updateViaCache: "none" });
+    const takeOver = () => {
+      if (!registration.waiting || !workers.controller || isPlaying()) return;
+      workers.addEventListener("controllerchange", () => window.location.reload());
+      registration.waiting.postMessage("take over");
     };
-    offer();
+    takeOver();
     registration.addEventListener("updatefound", () => {
-      registration.installing.addEventListener("statechange", offer);
+      registration.installing.addEventListener("statechange", takeOver);
     });
   } catch (problem) {
     console.info("Not stored for use without a network:", String(problem));

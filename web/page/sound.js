@@ -1,54 +1,60 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-const chunksAhead = 2;
+const chunksAhead = 3;
 
-// The game's sound device. A worklet asks for a chunk whenever it has too few samples left.
+function bufferOf(chunk, channels, sampleRate) {
+  const length = chunk.length / channels;
+  const buffer = new AudioBuffer({ numberOfChannels: channels, length, sampleRate });
+  for (let channel = 0; channel < channels; ++channel) {
+    const samples = buffer.getChannelData(channel);
+    for (let i = 0; i < length; ++i) samples[i] = chunk[i * channels + channel] / 32768;
+  }
+  return buffer;
+}
+
+// The game's sound device. Plays chunks of samples one after the other; the end of a chunk requests
+// the next one in time.
 export class Sound {
-  constructor(workletUrl) {
-    this.workletUrl = workletUrl;
+  constructor() {
     this.volume = 1;
     this.context = null;
     this.gain = null;
-    this.dropouts = 0;
+    this.dropouts = 0; // samples that came too late
     this.onState = () => {}; // (a message for the player, empty if there is no problem)
   }
 
   open(frequency, channels, samples, mix) {
-    if (!window.AudioContext || !window.AudioWorkletNode) {
-      this.onState("No sound: this browser does not support it. The game plays silently.");
-      return false;
-    }
     try {
       this.context = new AudioContext({ sampleRate: frequency });
     } catch (problem) {
-      this.onState("No sound: there is no sound device to open. The game plays silently.");
+      this.onState("No sound: this browser has no sound device. The game plays silently.");
       return false;
     }
     const { context } = this;
-    context.onstatechange = () => this.report(context);
     this.gain = new GainNode(context, { gain: this.volume });
     this.gain.connect(context.destination);
-    context.audioWorklet.addModule(this.workletUrl)
-      .then(() => this.connect(context, channels, samples, mix))
-      .catch(() => this.onState("No sound: it could not be started. The game plays silently."));
+    context.onstatechange = () => this.report(context);
     setTimeout(() => this.report(context), 1000);
-    return true;
-  }
-
-  connect(context, channels, samples, mix) {
-    if (context.state === "closed") return;
-    const node = new AudioWorkletNode(context, "mixer", {
-      numberOfInputs: 0,
-      outputChannelCount: [channels],
-      processorOptions: { channels, samples, ahead: chunksAhead },
-    });
-    node.port.onmessage = (event) => {
-      this.dropouts = event.data;
+    let end = 0; // seconds, of the last chunk
+    const playNext = () => {
       const chunk = mix();
-      if (chunk) node.port.postMessage(chunk, [chunk.buffer]);
+      if (!chunk) return;
+      const late = context.currentTime - end;
+      if (late > 0) {
+        this.dropouts += end && Math.round(late * frequency);
+        end = context.currentTime;
+      }
+      const buffer = bufferOf(chunk, channels, frequency);
+      const source = new AudioBufferSourceNode(context, { buffer });
+      source.connect(this.gain);
+      source.onended = playNext;
+      source.start(end);
+      end += samples / frequency;
     };
-    node.connect(this.gain);
+    // The mixer is ready when the game sleeps for the first time.
+    for (let i = 0; i < chunksAhead; ++i) setTimeout(playNext);
+    return true;
   }
 
   report(context) {
@@ -76,7 +82,6 @@ export class Sound {
   close() {
     if (this.context) this.context.close();
     this.context = null;
-    this.gain = null;
     this.onState("");
   }
 }
