@@ -32,7 +32,6 @@ export class Screen {
   }
 
   present(pixels, width, height) {
-    if (width === 0) return; // SDL hides its cursor before it has a display
     this.context.putImageData(new ImageData(pixels, width, height), 0, 0);
     this.frames += 1;
   }

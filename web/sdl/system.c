@@ -10,6 +10,7 @@
 #include "SDL.h"
 #include "events/SDL_events_c.h"
 #include "timer/SDL_timer_c.h"
+#include "video/SDL_pixels_c.h"
 #include "video/SDL_sysvideo.h"
 
 typedef SDL_VideoDevice Device;
@@ -30,7 +31,7 @@ EM_JS(int, pageEvent, (int* event), {
 enum EventKind { keyEvent = 1, motionEvent, buttonEvent, focusEvent, quitEvent };
 
 static double start;
-static Uint32* rgba; /* a copy of the display in the byte order of a canvas */
+static SDL_Surface* (*setDummyMode)(Device*, SDL_Surface*, int, int, int, Uint32);
 
 static void pumpEvents(Device* device) {
     int event[3];
@@ -58,18 +59,25 @@ static void pumpEvents(Device* device) {
     }
 }
 
-/* Passes the whole display to the page, because the game always flips the whole display. */
+/* Gives the display the byte order of a canvas, so that no byte has to be moved. */
+static SDL_Surface* setVideoMode(Device* device, SDL_Surface* display, int w, int h, int depth,
+                                 Uint32 flags) {
+    const int isSet = setDummyMode(device, display, w, h, depth, flags) &&
+                      SDL_ReallocFormat(display, depth, 0xFF, 0xFF00, 0xFF0000, 0);
+    return isSet ? display : NULL;
+}
+
+/* Passes the whole display to the page, because the game always flips the whole display. The fourth
+   byte of a pixel has no meaning to SDL, but a canvas takes it for the opacity. */
 static void updateRects(Device* device, int n, SDL_Rect* rects) {
     const SDL_Surface* display = device->screen;
-    const Uint32* from = display->pixels;
     const int count = display->w * display->h;
+    Uint32* pixels = display->pixels;
     (void)n, (void)rects;
-    rgba = realloc(rgba, (size_t)count * sizeof *rgba);
     for (int i = 0; i < count; ++i) {
-        const Uint32 p = from[i];
-        rgba[i] = 0xFF000000 | (p << 16 & 0xFF0000) | (p & 0xFF00) | (p >> 16 & 0xFF);
+        pixels[i] |= 0xFF000000;
     }
-    pagePresent(rgba, display->w, display->h);
+    pagePresent(pixels, display->w, display->h);
 }
 
 /* Starts only the display and the input: the game uses none of the other parts that have to be
@@ -81,9 +89,11 @@ int SDL_Init(Uint32 flags) {
     if (SDL_VideoInit("dummy", 0) != 0) {
         return -1;
     }
+    SDL_ShowCursor(SDL_DISABLE); /* the page's pointer is the cursor */
+    setDummyMode = current_video->SetVideoMode;
+    current_video->SetVideoMode = setVideoMode;
     current_video->UpdateRects = updateRects;
     current_video->PumpEvents = pumpEvents;
-    SDL_ShowCursor(SDL_DISABLE); /* the page's pointer is the cursor */
     return 0;
 }
 

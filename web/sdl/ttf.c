@@ -147,9 +147,9 @@ SDL_Surface* TTF_RenderText_Blended(TTF_Font* font, const char* text, SDL_Color 
     }
     SDL_Surface* surface =
         SDL_CreateRGBSurface(SDL_SWSURFACE, width, depth > font->height ? depth : font->height, 32,
-                             0xFF0000, 0xFF00, 0xFF, 0xFF000000);
+                             0xFF, 0xFF00, 0xFF0000, 0xFF000000);
     if (surface) {
-        SDL_FillRect(surface, NULL, (Uint32)color.r << 16 | (Uint32)color.g << 8 | (Uint32)color.b);
+        SDL_FillRect(surface, NULL, color.r | (Uint32)color.g << 8 | (Uint32)color.b << 16);
         layOut(font, text, surface);
     }
     return surface;
