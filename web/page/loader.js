@@ -13,7 +13,6 @@ export class Loader {
     this.base = base;
     this.files = files;
     this.loaded = new Map(); // name -> bytes
-    this.hasFailed = false;
     this.onProgress = () => {}; // (bytes received, total bytes)
   }
 
@@ -30,18 +29,19 @@ export class Loader {
       this.onProgress(received, total);
     };
     count(0);
-    const results = await Promise.allSettled(
-      missing.map((file) => this.fetchFile(file, aborter.signal, count)));
+    const { signal } = aborter;
+    const attempt = (file, cache) => this.fetchFile(file, { signal, cache }, count);
+    // The second attempt is for a short interruption, or for a damaged file in the browser's cache.
+    const results = await Promise.allSettled(missing.map((file) =>
+      attempt(file, "default").catch(() => attempt(file, "reload"))));
     clearTimeout(timer);
     const failure = results.find((result) => result.status === "rejected");
-    this.hasFailed = Boolean(failure);
     if (failure) throw failure.reason;
     return this.loaded;
   }
 
-  async fetchFile(file, signal, count) {
-    const response = await fetch(this.base + file.name,
-      { signal, cache: this.hasFailed ? "reload" : "default" });
+  async fetchFile(file, options, count) {
+    const response = await fetch(this.base + file.name, options);
     if (!response.ok) {
       throw new LoadError(`A part of the game is missing on the server (${file.name}, ` +
         `status ${response.status}). Perhaps a new version has just been installed there.`);
@@ -49,12 +49,17 @@ export class Loader {
     const bytes = new Uint8Array(file.size);
     const reader = response.body.getReader();
     let at = 0;
-    for (let part = await reader.read(); !part.done; part = await reader.read()) {
-      bytes.set(part.value, at);
-      at += part.value.length;
-      count(part.value.length);
+    try {
+      for (let part = await reader.read(); !part.done; part = await reader.read()) {
+        bytes.set(part.value, at);
+        at += part.value.length;
+        count(part.value.length);
+      }
+      if (at !== file.size) throw new Error("not the whole file");
+    } catch (problem) {
+      count(-at); // the next attempt begins anew
+      throw problem;
     }
-    if (at !== file.size) throw new Error("not the whole file");
     this.loaded.set(file.name, bytes);
   }
 }
