@@ -218,6 +218,56 @@ test("without a sound device the game plays silently and says so", async () => {
   await other.close();
 });
 
+test("chunks of sound follow each other without a gap, even while the page is busy", async () => {
+  await page.evaluate(() => {
+    window.mixed = [];
+    window.scheduled = [];
+    const { page: driver } = window.morvane;
+    const open = driver.openAudio;
+    driver.openAudio = (frequency, channels, samples, mix) => open(frequency, channels, samples,
+      () => {
+        window.mixed.push(mix());
+        return window.mixed.at(-1);
+      });
+    const { start } = AudioBufferSourceNode.prototype;
+    AudioBufferSourceNode.prototype.start = function record(when) {
+      window.scheduled.push({ buffer: this.buffer, when });
+      start.call(this, when);
+    };
+  });
+  await support.startGame(page);
+  await page.evaluate(() => setInterval(() => {
+    for (const end = performance.now() + 30; performance.now() < end;);
+  }, 100));
+  await page.waitForFunction(() => window.scheduled.length >= 20, { timeout: 60000 });
+  const seen = await page.evaluate(async () => {
+    const { scheduled, mixed, morvane: { sound: { dropouts } } } = window;
+    const { length, sampleRate } = scheduled[0].buffer;
+    const starts = scheduled.map(({ when }) => when * sampleRate);
+    const gaps = starts.slice(1).map((start, i) => start - starts[i] - length);
+    // The browser must play exactly the samples that the game has mixed.
+    const offline = new OfflineAudioContext(2, Math.round(starts.at(-1)) + length, sampleRate);
+    const wanted = new Float32Array(offline.length);
+    scheduled.forEach(({ buffer, when }, i) => {
+      const source = new AudioBufferSourceNode(offline, { buffer });
+      source.connect(offline.destination);
+      source.start(when);
+      const left = Float32Array.from(mixed[i], (sample) => sample / 32768)
+        .filter((_, index) => index % 2 === 0);
+      wanted.set(left, Math.round(starts[i]));
+    });
+    const played = (await offline.startRendering()).getChannelData(0);
+    const largest = (samples) => samples.reduce((most, x) => Math.max(most, Math.abs(x)), 0);
+    return { dropouts, gap: gaps.reduce((a, b) => a + b), overlap: Math.max(...gaps.map((x) => -x)),
+      loudest: largest(wanted), difference: largest(played.map((x, i) => x - wanted[i])) };
+  });
+  assert.ok(seen.loudest > 0.05, JSON.stringify(seen));
+  assert.ok(seen.difference < 1e-6, JSON.stringify(seen));
+  assert.ok(seen.overlap < 1e-6, JSON.stringify(seen));
+  // Only a very busy machine makes gaps, and those are counted.
+  assert.ok(seen.gap < seen.dropouts + 1e-6, JSON.stringify(seen));
+});
+
 test("what the game reports when it fails is shown", async () => {
   await page.evaluate(() => window.morvane.loader.loaded.get("lod1.webp").fill(0));
   await page.click("#play");

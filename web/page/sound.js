@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Morvane makers
 // SPDX-License-Identifier: MIT
 
-const chunksAhead = 3;
+const reserve = 0.2; // seconds: sound does not stop while the page is busy for so long
+const period = 20; // milliseconds between two looks at the reserve
+const safety = 0.05; // seconds from now in which a sound that begins anew begins
 
 function bufferOf(chunk, channels, sampleRate) {
   const length = chunk.length / channels;
@@ -13,13 +15,13 @@ function bufferOf(chunk, channels, sampleRate) {
   return buffer;
 }
 
-// The game's sound device. Plays chunks of samples one after the other; the end of a chunk requests
-// the next one in time.
+// The game's sound device. Schedules chunks of samples, each at the end of the one before it.
 export class Sound {
   constructor() {
     this.volume = 1;
     this.context = null;
     this.gain = null;
+    this.timer = 0;
     this.dropouts = 0; // samples that came too late
     this.onState = () => {}; // (a message for the player, empty if there is no problem)
   }
@@ -36,24 +38,21 @@ export class Sound {
     this.gain.connect(context.destination);
     context.onstatechange = () => this.report(context);
     setTimeout(() => this.report(context), 1000);
-    let end = 0; // seconds, of the last chunk
-    const playNext = () => {
-      const chunk = mix();
-      if (!chunk) return;
-      const late = context.currentTime - end;
-      if (late > 0) {
-        this.dropouts += end && Math.round(late * frequency);
-        end = context.currentTime;
+    let end = 0; // of the last chunk, in samples since the context began
+    this.timer = setInterval(() => {
+      const now = context.currentTime * frequency;
+      if (end < now) {
+        const beginning = Math.ceil(now + safety * frequency);
+        this.dropouts += end && beginning - end;
+        end = beginning;
       }
-      const buffer = bufferOf(chunk, channels, frequency);
-      const source = new AudioBufferSourceNode(context, { buffer });
-      source.connect(this.gain);
-      source.onended = playNext;
-      source.start(end);
-      end += samples / frequency;
-    };
-    // The mixer is ready when the game sleeps for the first time.
-    for (let i = 0; i < chunksAhead; ++i) setTimeout(playNext);
+      for (; end < now + reserve * frequency; end += samples) {
+        const buffer = bufferOf(mix(), channels, frequency);
+        const source = new AudioBufferSourceNode(context, { buffer });
+        source.connect(this.gain);
+        source.start(end / frequency);
+      }
+    }, period);
     return true;
   }
 
@@ -80,6 +79,7 @@ export class Sound {
   }
 
   close() {
+    clearInterval(this.timer);
     if (this.context) this.context.close();
     this.context = null;
     this.onState("");
