@@ -219,7 +219,11 @@ test("without a sound device the game plays silently and says so", async () => {
 });
 
 test("chunks of sound follow each other without a gap, even while the page is busy", async () => {
-  await page.evaluate(() => {
+  await page.evaluate((hasOwnClock) => {
+    if (hasOwnClock) { // Firefox without a sound device plays nothing, and its time stands still
+      Object.defineProperty(AudioContext.prototype, "currentTime",
+        { get: () => performance.now() / 1000 });
+    }
     window.mixed = [];
     window.scheduled = [];
     const { page: driver } = window.morvane;
@@ -234,7 +238,7 @@ test("chunks of sound follow each other without a gap, even while the page is bu
       window.scheduled.push({ buffer: this.buffer, when });
       start.call(this, when);
     };
-  });
+  }, support.isFirefox);
   await support.startGame(page);
   await page.evaluate(() => setInterval(() => {
     for (const end = performance.now() + 30; performance.now() < end;);
