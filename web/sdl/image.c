@@ -3,7 +3,7 @@
 
 /* SDL_image's IMG_Load for the site's pictures. They are the game's PNG files, stored as lossless
    WebP, which is a third smaller. The surface is the one that SDL_image makes from the PNG file:
-   24-bit without transparency, 32-bit with it. */
+   24-bit without an alpha channel, 32-bit with one. */
 #include <stdlib.h>
 #include <webp/decode.h>
 
