@@ -21,7 +21,7 @@ SRGB = {
     # ship
     'sail': 'fcf2d6', 'seam': 'dbc9a3', 'deck': 'c28c52', 'deck_light': 'dead6e',
     'rail': 'cc8538', 'hull': '33190f', 'stripe': 'cc9433', 'bulwark': '942619',
-    'gun': '171719', 'pennant': 'cc1f17', 'tar': '150b06',
+    'gun': '171719', 'pennant': 'cc1f17', 'tar': '150b06', 'pitch': '1c110a',
     # panels
     'ink': '3e1e0c', 'hp_dark': '981812', 'hp_light': 'e24c36', 'hp2_dark': '123a80',
     'hp2_light': '3f83d8', 'night': '050304',

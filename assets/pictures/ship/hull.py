@@ -14,19 +14,21 @@ import numpy as np
 
 from ship.mesh import smooth
 
-STERN, BOW, BEAM = 45.4, -41.4, 17.7        # BEAM is the half breadth
-TUMBLE = .93        # breadth at the rail as a part of the widest
-LEAST_STERN, WIDEST, FULL = .74, .42, .65   # plan: stern's breadth, and where she is widest
+STERN, BOW, BEAM = 44.8, -41.2, 17.0        # BEAM is the half breadth
+TUMBLE = .82        # breadth at the rail as a part of the widest
+LEAST_STERN, WIDEST, FULL = .72, .42, .71   # plan: stern's breadth, and where she is widest
 ROUND, CORNER = .075, .24   # how far the stern is rounded, and by what part of its breadth
 WALE = .42          # height of the widest line, as a part of the rail's
 BULWARK = 2.0       # height of the rail above the deck
 BULWARK_THICK = 1.0
-WAIST, QUARTER, POOP, FORE = 6.5, 7.8, 8.1, 7.6
+GALLERY, REACH = (37.4, 44.6), .9   # the quarter galleries: ends, and how far they stand out
+WAIST, QUARTER, POOP, FORE = 7.4, 8.4, 8.7, 8.6
 SHEER = 2.3         # how much higher the rail stands at her ends than amidships
 BREAKS = (.085, .345, .775)     # stations at which poop, quarterdeck and waist end
-GUNS = (-23.5, -13., -2.5, 8., 18.5)
-GUN_DECK = .50      # height of the ports as a part of the rail's
-TIP = (-48.8, 7.0, 0.)
+GUNS = (-27., -16.4, -5.8, 4.8, 15.4, 26.)
+GUN_DECK = .53      # height of the ports as a part of the rail's
+BOAT = (5.6, 2.4)   # the boat on deck: half length and half breadth
+TIP = (-49.2, 7.1, 0.)
 STATIONS = np.concatenate([
     np.linspace(0, .1, 14)[:-1], np.linspace(.1, FULL, 36),
     FULL + (1 - FULL) * np.sin(np.linspace(0, math.pi / 2, 40))[1:]])
@@ -40,7 +42,7 @@ def breadth(t):
     if t < FULL:
         return 1.
     u = (t - FULL) / (1 - FULL)
-    return max(0., 1 - u ** 3.) ** .66
+    return max(0., 1 - u ** 2.5) ** .73
 
 
 def position(t):
@@ -76,6 +78,8 @@ def build(model):
         planking(model, s)
         bulwark(model, s)
         guns(model, s)
+        gallery(model, s)
+        cathead(model, s)
     decks(model)
     stern(model)
     head(model)
@@ -87,7 +91,7 @@ def planking(model, s):
     for t in STATIONS:
         high, wide, x = rail(t), side(t), position(t)
         rake, fine = 2.6 * smooth(t, .86, 1.), .24 * smooth(t, .7, 1.)
-        profile = [(0, .93), (.25 * WALE * high, .96), (.5 * WALE * high, .98), (WALE * high, 1.),
+        profile = [(0, .90), (.25 * WALE * high, .94), (.5 * WALE * high, .975), (WALE * high, 1.),
                    (.75 * high, .5 * (1 + TUMBLE)), (high, TUMBLE)]
         grid.append([(x + rake * (1 - y / high), y,
                       s * wide * q * (1 - fine * max(0, 1 - k / 4)))
@@ -148,12 +152,33 @@ def stern(model):
     model.box((STERN - .7, high - .6, -r - .3), (STERN + .3, high + .3, r + .3), 'T_Gilt')
     model.box((STERN, high * .30, -r * .97), (STERN + .8, high * .30 + 1.1, r * .97), 'T_Gilt')
     for k in range(-2, 3):
-        z, w = k * 4.3, 1.45
+        z, w = k * 4.3, 1.3
         model.box((STERN, high * .46, z - w), (STERN + .45, high * .80, z + w), 'T_Pane')
 
 
+def gallery(model, s):
+    """The quarter gallery, whose windows look out of her side near the stern.
+
+    It fills the hit boxes of diagonal headings, for which her stern alone would be too narrow.
+    """
+    fore, aft = GALLERY
+    wide, high = side(station(fore)) + REACH, rail(station(fore))
+    inside = s * (wide - 5)
+    model.box((fore, .30 * high, inside), (aft, .76 * high, s * wide), 'T_Stern')
+    model.box((fore - .3, .76 * high, inside), (aft + .3, .84 * high, s * (wide - .2)), 'T_Wood')
+    for x in (fore + 2, aft - 2):
+        model.box((x - 1.1, .42 * high, inside), (x + 1.1, .66 * high, s * (wide + .2)), 'T_Pane')
+
+
+def cathead(model, s):
+    """The beam for the anchor; on diagonal headings it fills the hit boxes beside the bow."""
+    t = station(-31)
+    model.cone((-30, rail(t), s * (top(t) - 2)), .8, (-34.2, rail(t) + .2, s * (side(t) + .8)),
+               .65, 'T_Spar')
+
+
 def head(model):
-    """Beakhead, figurehead, catheads and bowsprit."""
+    """Beakhead, figurehead and bowsprit."""
     y = deck(.97)
     model.cone((BOW + 5, y - 2, 0), 2.4, (BOW - 4.5, y * .68, 0), .9, 'T_Tar')
     model.polygon([(BOW + 4, y - .4, -5.0), (BOW + 4, y - .4, 5.0), (BOW - 4.5, y - 1.0, 0)],
@@ -162,9 +187,6 @@ def head(model):
         model.sweep([(BOW + dx, y + dy, s * z) for dx, dy, z in
                      ((8, .2, 8.0), (4, .2, 5.4), (0, 0, 3.0), (-2.6, -.3, 1.3), (-5, -.5, .3),
                       (-6, -.2, 0))], .5, 'T_Gilt')
-        t = station(-31)
-        model.cone((-30, rail(t), s * (top(t) - 2)), .8, (-33.4, rail(t) + .2, s * (top(t) + 1.6)),
-                   .65, 'T_Spar')
     model.cone((-29, y + .9, 0), 1.15, (-41, y - .1, 0), .9, 'T_Mast')
     model.cone((-41, y - .1, 0), .9, TIP, .55, 'T_Spar')
 
@@ -177,7 +199,7 @@ def guns(model, s):
         port = GUN_DECK * high
         model.box((x - 1.8, port - 1.6, s * wide * .9), (x + 1.8, port + 1.6, s * (wide + .1)),
                   'T_Port')
-        model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + 1.2)), .7, 'T_Muzzle')
+        model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + 1.3)), .6, 'T_Muzzle')
         y, r = deck(t) + .3, top(t) - BULWARK_THICK
         model.box((x - 1.35, y, s * (r - 3.6)), (x + 1.35, y + .9, s * (r - .4)), 'T_Carriage')
         model.cone((x, y + 1.4, s * (r - 4.6)), 1.0, (x, y + 1.4, s * (r + .6)), .75, 'T_Gun')
@@ -186,7 +208,8 @@ def guns(model, s):
 def furniture(model):
     waist, quarter = deck(.55) + .3, deck(.24) + .3
     poop, fore = deck(.06) + .3, deck(.87) + .3
-    for x, lx, lz in ((-12.0, 3.0, 3.0), (12.2, 2.6, 3.0)):
+    boat(model, -8.6, waist)
+    for x, lx, lz in ((-16.2, 1.8, 2.8), (12.2, 2.6, 3.0)):
         model.box((x - lx - .7, waist - .2, -lz - .7), (x + lx + .7, waist + .6, lz + .7), 'T_Cap')
         model.box((x - lx, waist, -lz), (x + lx, waist + .8, lz), 'T_Hatch')
     wheel(model, 33.0, quarter)
@@ -197,6 +220,17 @@ def furniture(model):
     model.box((40.5, poop + .5, -2.1), (42.7, poop + 1.2, 2.1), 'T_Pane')
     model.cylinder((-29.5, fore, 0), (-29.5, fore + 1.6, 0), 1.7, 'T_Wood')
     model.cylinder((-29.5, fore + 1.6, 0), (-29.5, fore + 2.1, 0), 2.2, 'T_Cap')
+
+
+def boat(model, x, y):
+    """The ship's boat on its chocks: a pale rim round a dark inside with two thwarts."""
+    long, wide = BOAT
+    for shrink, up, texture in ((0, 1.4, 'T_Boat'), (.7, 1.9, 'T_Hatch')):
+        model.raw('sphere{0,1 scale<%.2f,1.3,%.2f> translate<%.2f,%.2f,0> texture{%s}}' % (
+            long - 1.6 * shrink, wide - shrink, x, y + up, texture))
+    for thwart in (x - .4 * long, x + .3 * long):
+        model.box((thwart - .45, y + 2.9, -.8 * wide), (thwart + .45, y + 3.3, .8 * wide),
+                  'T_Boat')
 
 
 def wheel(model, x, y):

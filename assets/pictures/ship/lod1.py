@@ -33,20 +33,20 @@ BOX_H = (40, 50, 60, 65, 75, 85, 90, 95, 95)
 TOLERANCE = 4
 # Degrees of the view from vertical, and the pixels by which she is lowered, so that waterline and
 # rail together are centred.
-TILT, DROP = 35, 4.8
+TILT, DROP = 35, 5.0
 FORWARD = 1.7
 # Strength of the sun, of the light from in front of her and of the sky's.
 LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
-# The line round her, in pixels: tar on wood, light hems on canvas. Luminances between which wood
+# The line round her, in pixels: pitch on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
-LINE_WIDTH, SUNNY = 1.65, .30   # the line is thinner by this part towards the sun
-TAR = linear('tar') * .6
+LINE_WIDTH, SUNNY = 1.3, .25   # the line is thinner by this part towards the sun
+PITCH = linear('pitch')
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .68
 # Sunlit canvas keeps its shading: luminances above KNEE are pressed towards WHITE.
 KNEE, WHITE = .65, 1.095
 # Luminances that stand out from the sea by 3:1, with something to spare.
-DARK, LIGHT = .010, .55
+DARK, LIGHT = .008, .55
 LUMINANCE = np.array((.2126, .7152, .0722))
 FAINT = .05
 # Samples a pixel, along each axis. A draft is coarser, but shows sooner what a change does.
@@ -129,7 +129,7 @@ def shouldered(ship):
 
 
 def outlined(ship, cells, wood):
-    """Give the ship an outline: tar on planks and spars, light on the hems of her sails.
+    """Give the ship an outline: pitch on planks and spars, light on the hems of her sails.
 
     Sunlit planks are about as light as the sea, and so is canvas in its own shade; without this
     both melt into it.
@@ -146,7 +146,7 @@ def outlined(ship, cells, wood):
         1 - wood)
     hem = np.clip(HEM / np.maximum(light, 1e-6), 1, 3)
     lit = np.concatenate([np.minimum(ship[..., :3] * hem, alpha), alpha], 2)
-    line = lit * canvas + layer(TAR, alpha[..., 0]) * (1 - canvas)
+    line = lit * canvas + layer(PITCH, alpha[..., 0]) * (1 - canvas)
     return ship + (line - ship) * edge
 
 

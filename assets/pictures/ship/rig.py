@@ -34,25 +34,28 @@ class Mast:
 
 
 MASTS = (
-    Mast(-20.0, 45.8, (
-        Sail(24, 13.2, 15.2, 16.4, 4.0, 'T_Course'),
-        Sail(37.5, 24.6, 11.6, 14.6, 4.2, 'T_Topsail'),
-        Sail(44.4, 37.6, 7.8, 10.8, 2.8, 'T_Gallant'))),
-    Mast(4.5, 60.5, (
-        Sail(27.5, 14.0, 16.4, 17.6, 4.4, 'T_Course'),
-        Sail(45.5, 28.0, 12.6, 15.8, 4.8, 'T_Topsail'),
-        Sail(57, 45.8, 8.6, 12.0, 3.2, 'T_Gallant'))),
-    Mast(26.5, 38.8, (
-        Sail(22, 14.0, 10.8, 11.6, 3.0, 'T_Course'),
-        Sail(36, 22.4, 8.0, 10.6, 3.4, 'T_Topsail'))),
+    Mast(-22.0, 45.4, (
+        Sail(22.5, 13.4, 12.8, 14.0, 3.4, 'T_Course'),
+        Sail(34.8, 24.0, 9.5, 12.0, 3.6, 'T_Topsail'),
+        Sail(43.0, 36.3, 5.9, 8.6, 2.4, 'T_Gallant'))),
+    Mast(4.0, 61.0, (
+        Sail(26.0, 14.2, 13.8, 15.0, 4.0, 'T_Course'),
+        Sail(42.5, 27.6, 10.7, 13.3, 4.4, 'T_Topsail'),
+        Sail(55.0, 44.1, 6.6, 9.6, 3.0, 'T_Gallant'))),
+    Mast(26.5, 39.2, (
+        Sail(25.0, 14.6, 8.8, 10.6, 3.0, 'T_Topsail'),
+        Sail(36.0, 26.5, 5.7, 8.1, 2.6, 'T_Gallant'))),
 )
 # Headsails: tack, head, clew.
-JIBS = (((-45.6, 8.6, 0), (-22.5, 36, 0), (-29.5, 12.5, 6.5)),
-        ((-40.5, 9.4, 0), (-21.5, 26, 0), (-26, 12.5, 6.0)))
-TOWARDS_BRACE, AWAY_BRACE = 44, 38     # degrees, at the ends of the two ranges of headings
+JIBS = (((-48.6, 8.0, 0), (-27.0, 34, 0), (-34.0, 13.6, 6.4)),
+        ((-43.0, 9.8, 0), (-25.0, 25, 0), (-29.5, 12.8, 6.4)))
+BRACE = 66          # degrees by which the yards are turned when she heads left or right
 LIFT = .22
-ROPE, YARD = .11, .55
-PENNANT = 5
+FLAT = .6           # by what part the bellies are flatter on headings away from the viewer
+HUNG = .9           # how far the sails hang below their yards, so that these stay visible
+ROPE, YARD = .13, .70
+PENNANT, FLY = 8.5, 1.7    # length, and half the width at the mast
+FORESHORTENED = 1.43       # height that looks as long as one unit on the water
 
 
 def brace(k):
@@ -63,8 +66,16 @@ def brace(k):
     left, they swing over: there she tacks. Headings that mirror each other have mirrored yards.
     """
     if 0 < k < 18:
-        return AWAY_BRACE * (9 - k) / 8
-    return TOWARDS_BRACE * (27 - (k or 36)) / 9
+        return BRACE * (9 - k) / 8
+    return BRACE * (27 - (k or 36)) / 9
+
+
+def fullness(k):
+    """The depth of the bellies at heading k, as a part of the table's.
+
+    Seen from behind, a belly reaches up the screen and would make the sail look short and crumpled.
+    """
+    return 1 - FLAT * max(0, math.sin(math.radians(10 * k)))
 
 
 def lee(k):
@@ -73,23 +84,23 @@ def lee(k):
 
 
 def build(model, k):
-    turned = brace(k)
+    turned, full = brace(k), fullness(k)
     for mast in MASTS:
         stand(model, mast)
         shrouds(model, mast)
         for sail in mast.sails:
-            square(model, mast.x - 1.0, sail, turned)
+            square(model, mast.x - 1.0, sail, turned, full)
     stays(model)
     for tack, head, clew in JIBS:
         triangle(model, tack, head, (clew[0], clew[1], clew[2] * lee(k)), 2.6 * lee(k))
-    pennant(model)
+    pennant(model, k)
 
 
 def stand(model, mast):
     x, low = mast.x, mast.sails[0].yard
     foot = hull.deck(station(x)) - .5
     model.cone((x, foot, 0), 1.2, (x, low + 2, 0), .95, 'T_Mast')
-    model.cone((x + .2, low - 1, 0), .85, (x + .2, mast.top, 0), .4, 'T_Mast')
+    model.cone((x + .2, low - 1, 0), .85, (x + .2, mast.top, 0), .5, 'T_Mast')
     model.cylinder((x + .6, low + 1.2, 0), (x + .6, low + 1.9, 0), 2.2, 'T_Spar')
 
 
@@ -112,22 +123,22 @@ def stays(model):
         model.cylinder(a, b, ROPE, 'T_Rope')
 
 
-def square(model, x, sail, turned):
+def square(model, x, sail, turned, full):
     c, s = math.cos(math.radians(turned)), math.sin(math.radians(turned))
 
     def place(ahead, y, z):
         return (x - ahead * c + z * s, y, z * c + ahead * s)
     for k in (-1, 1):
-        model.cone(place(0, sail.yard, 0), YARD, place(-.2, sail.yard, k * (sail.head + .9)),
+        model.cone(place(0, sail.yard, 0), YARD, place(-.2, sail.yard, k * (sail.head + .7)),
                    YARD * .75, 'T_Spar')
-    drop, grid, uv = sail.yard - sail.foot, [], []
+    drop, grid, uv = sail.yard - HUNG - sail.foot, [], []
     for a in np.linspace(-1, 1, 26):
         belly, row = 1 - abs(a) ** 2.6, []
         for b in np.linspace(0, 1, 16):
             half = sail.head * (1 - b) + sail.spread * b - .5 * math.sin(math.pi * b)
-            roach = .12 * drop * (1 - a * a) * b ** 3
-            ahead = sail.billow * belly * math.sin(math.pi * min(1, b ** .85 * .93))
-            row.append(place(.5 + ahead, sail.yard - .3 - drop * b + roach, a * half))
+            roach = .13 * drop * (1 - a * a) * b ** 3
+            ahead = full * sail.billow * belly * math.sin(math.pi * min(1, b ** .85 * .93))
+            row.append(place(.5 + ahead, sail.yard - HUNG - drop * b + roach, a * half))
         grid.append(row)
         uv.append([((a + 1) / 2, b) for b in np.linspace(0, 1, 16)])
     model.surface(grid, sail.texture, uv, LIFT, extra='double_illuminate')
@@ -146,10 +157,12 @@ def triangle(model, tack, top, clew, deep):
     model.surface(grid, 'T_Jib', None, LIFT, extra='double_illuminate')
 
 
-def pennant(model):
-    mast, grid = MASTS[1], []
+def pennant(model, k):
+    """Streams aft. Its width lies across the line of sight, so that it is never seen edge-on."""
+    mast, grid, turn = MASTS[1], [], math.radians(10 * k)
+    c, s = math.cos(turn), math.sin(turn)
     for a in np.linspace(0, 1, 20):
-        wave, wide = .5 * math.sin(a * 5) * a, 1.25 * (1 - .6 * a)
-        grid.append([(mast.x + .5 + PENNANT * a, mast.top - .6 + wide * b, wave + .8 * wide * b)
-                     for b in (-1, 0, 1)])
+        x, wave, wide = mast.x + .5 + PENNANT * a, .9 * math.sin(5 * a) * a, FLY * (1 - .75 * a)
+        grid.append([(x + q * s * c, mast.top - 1.2 + FORESHORTENED * q * c, q * s * s)
+                     for q in (wave - wide, wave, wave + wide)])
     model.surface(grid, 'T_Pennon', extra='double_illuminate')

@@ -3,7 +3,7 @@
 """Foam round the ship, in her own axes, so that it turns with her.
 
 One sheet serves a ship at rest and one that is moving, so the foam touches her all round, leaves
-the stem as one feather and dies soon.
+the stem as a soft V and dies soon.
 
 There is one function for each kind of foam.
 """
@@ -26,7 +26,7 @@ def _noise(seed, sigma):
 
 
 COARSE, FINE = _noise(7, 4.5), _noise(8, 2.4)
-WATERLINE = np.array([BEAM * breadth(t) * .93 for t in np.linspace(0, 1, 400)])
+WATERLINE = np.array([BEAM * breadth(t) * .91 for t in np.linspace(0, 1, 400)])
 
 
 def axes(heading, aside, drop):
@@ -49,14 +49,14 @@ def foam(heading, aside, drop):
     along = np.clip((x - STERN) / (BOW - STERN), 0, 1)
     away = np.abs(z) - np.interp(along, np.linspace(0, 1, 400), WATERLINE)
     parts = (contact(x, away, coarse, fine), feather(x, away, coarse, fine),
-             outer_arm(x, away, coarse, fine), astern(x, z, coarse, fine))
+             lace(x, away, coarse, fine), astern(x, z, coarse, fine))
     return np.clip(np.maximum.reduce(parts), 0, 1)
 
 
 def contact(x, away, coarse, fine):
     """The rim of foam where the water laps at her planks, at rest as well."""
-    band = np.exp(-np.clip(away, 0, None) ** 2 / 1.6 ** 2)
-    return band * (x > STEM - 1.5) * (x < STERN + 1.5) * np.clip(
+    band = np.exp(-np.clip(away, 0, None) ** 2 / 1.1 ** 2)
+    return .6 * band * (x > STEM - 1.5) * (x < STERN + 1.5) * np.clip(
         .70 + .2 * coarse + .15 * fine, 0, 1)
 
 
@@ -66,20 +66,21 @@ def crest(lag, thick):
 
 
 def feather(x, away, coarse, fine):
-    """The bow wave: thick at the stem, leaving her slowly."""
+    """The bow wave: thick at the stem, leaving her as a soft arm of a V that dies abeam of her."""
     gone = x - STEM
     run = np.clip(gone, 0, None)
-    wave = crest(away - .3 - .20 * run, 1.5 + .05 * run)
-    fading = np.clip((gone + 1.5) / 2, 0, 1) * np.clip(1 - gone / 52, 0, 1) ** .8
-    return wave * fading * np.clip(1.02 + .22 * coarse + .18 * fine, 0, 1)
+    wave = crest(away - .4 - .17 * run, 1.5 + .05 * run)
+    fading = np.clip((gone + 1.5) / 2, 0, 1) * np.clip(1 - gone / 60, 0, 1)
+    return wave * fading * np.clip(1 + .12 * coarse + .06 * fine, 0, 1)
 
 
-def outer_arm(x, away, coarse, fine):
-    """A second, fainter wave further out."""
-    gone = x - STEM - 6
-    wave = crest(away - .42 * np.clip(gone, 0, None), 1.6)
-    fading = np.clip(gone / 6, 0, 1) * np.clip(1 - gone / 56, 0, 1)
-    return .6 * wave * fading * np.clip(.8 + .35 * coarse + .2 * fine, 0, 1)
+def lace(x, away, coarse, fine):
+    """Thin foam between her side and the arm of the bow wave."""
+    gone = x - STEM
+    run = np.clip(gone, 0, None)
+    between = np.clip(1 - away / (.5 + .17 * run), 0, 1) * (away > -2)
+    fading = np.clip(gone / 4, 0, 1) * np.clip(1 - gone / 80, 0, 1)
+    return .42 * between * fading * np.clip(.7 + .35 * coarse + .1 * fine, 0, 1)
 
 
 def astern(x, z, coarse, fine):
