@@ -35,23 +35,23 @@ class Mast:
 
 MASTS = (
     Mast(-22.0, 45.4, (
-        Sail(22.5, 13.4, 12.8, 14.0, 3.4, 'T_Course'),
-        Sail(34.8, 24.0, 9.5, 12.0, 3.6, 'T_Topsail'),
-        Sail(43.0, 36.3, 5.9, 8.6, 2.4, 'T_Gallant'))),
+        Sail(22.5, 13.4, 12.4, 13.6, 3.4, 'T_Course'),
+        Sail(34.8, 24.0, 9.2, 11.2, 3.6, 'T_Topsail'),
+        Sail(43.0, 36.3, 5.6, 7.8, 2.4, 'T_Gallant'))),
     Mast(4.0, 61.0, (
-        Sail(26.0, 14.2, 13.8, 15.0, 4.0, 'T_Course'),
-        Sail(42.5, 27.6, 10.7, 13.3, 4.4, 'T_Topsail'),
-        Sail(55.0, 44.1, 6.6, 9.6, 3.0, 'T_Gallant'))),
+        Sail(26.0, 14.2, 13.0, 14.2, 4.0, 'T_Course'),
+        Sail(42.5, 27.6, 10.2, 12.2, 4.4, 'T_Topsail'),
+        Sail(55.0, 44.1, 6.2, 8.6, 3.0, 'T_Gallant'))),
     Mast(26.5, 39.2, (
-        Sail(25.0, 14.6, 8.8, 10.6, 3.0, 'T_Topsail'),
-        Sail(36.0, 26.5, 5.7, 8.1, 2.6, 'T_Gallant'))),
+        Sail(25.0, 14.0, 9.2, 11.0, 3.0, 'T_Topsail'),
+        Sail(36.0, 26.5, 6.0, 8.2, 2.6, 'T_Gallant'))),
 )
 # Headsails: tack, head, clew.
-JIBS = (((-48.6, 8.0, 0), (-27.0, 34, 0), (-34.0, 13.6, 6.4)),
-        ((-43.0, 9.8, 0), (-25.0, 25, 0), (-29.5, 12.8, 6.4)))
+JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-38.6, 11.8, 6.5)),
+        ((-40.0, 10.6, 0), (-25.5, 26, 0), (-28.0, 13.4, 7.5)))
 BRACE = 66          # degrees by which the yards are turned when she heads left or right
 LIFT = .22
-FLAT = .6           # by what part the bellies are flatter on headings away from the viewer
+FLAT = .75          # by what part the bellies are flatter on headings away from the viewer
 HUNG = .9           # how far the sails hang below their yards, so that these stay visible
 ROPE, YARD = .13, .70
 PENNANT, FLY = 8.5, 1.7    # length, and half the width at the mast
@@ -99,9 +99,9 @@ def build(model, k):
 def stand(model, mast):
     x, low = mast.x, mast.sails[0].yard
     foot = hull.deck(station(x)) - .5
-    model.cone((x, foot, 0), 1.2, (x, low + 2, 0), .95, 'T_Mast')
-    model.cone((x + .2, low - 1, 0), .85, (x + .2, mast.top, 0), .5, 'T_Mast')
-    model.cylinder((x + .6, low + 1.2, 0), (x + .6, low + 1.9, 0), 2.2, 'T_Spar')
+    model.cone((x, foot, 0), 1.1, (x, low + 2, 0), .8, 'T_Mast')
+    model.cone((x + .2, low - 1, 0), .65, (x + .2, mast.top, 0), .45, 'T_Mast')
+    model.cylinder((x + .6, low + 1.2, 0), (x + .6, low + 1.9, 0), 1.8, 'T_Spar')
 
 
 def shrouds(model, mast):
