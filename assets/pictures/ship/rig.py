@@ -36,8 +36,8 @@ class Mast:
 MASTS = (
     Mast(-22.0, 45.4, (
         Sail(22.5, 13.4, 12.4, 13.6, 3.4, 'T_Course'),
-        Sail(34.8, 24.0, 9.2, 11.2, 3.6, 'T_Topsail'),
-        Sail(43.0, 36.3, 5.6, 7.8, 2.4, 'T_Gallant'))),
+        Sail(33.2, 23.6, 9.2, 11.2, 3.6, 'T_Topsail'),
+        Sail(40.0, 34.7, 5.6, 7.8, 2.4, 'T_Gallant'))),
     Mast(4.0, 61.0, (
         Sail(26.0, 14.2, 13.0, 14.2, 4.0, 'T_Course'),
         Sail(42.5, 27.6, 10.2, 12.2, 4.4, 'T_Topsail'),
@@ -49,7 +49,7 @@ MASTS = (
 # Headsails: tack, head, clew.
 JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-38.6, 11.8, 6.5)),
         ((-40.0, 10.6, 0), (-25.5, 26, 0), (-28.0, 13.4, 7.5)))
-BRACE = 66          # degrees by which the yards are turned when she heads left or right
+BRACE, ASKEW = 66, 20      # degrees by which the yards are turned when she heads aside, up or down
 LIFT = .22
 FLAT = .75          # by what part the bellies are flatter on headings away from the viewer
 HUNG = .9           # how far the sails hang below their yards, so that these stay visible
@@ -63,11 +63,11 @@ def brace(k):
 
     They show one side of the sails on headings away from the viewer, 1 to 17, and the other on
     those towards him, and stay clear of the line of sight. In between, when she heads right or
-    left, they swing over: there she tacks. Headings that mirror each other have mirrored yards.
+    left, they swing over: there she tacks. Heading up or down, they stand askew; square, her
+    sails would cover one another in a heap.
     """
-    if 0 < k < 18:
-        return BRACE * (9 - k) / 8
-    return BRACE * (27 - (k or 36)) / 9
+    part, side = ((9 - k) / 8, -1) if 0 < k < 18 else ((27 - (k or 36)) / 9, 1)
+    return BRACE * part + side * ASKEW * (1 - part * part)
 
 
 def fullness(k):
