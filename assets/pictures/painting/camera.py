@@ -11,7 +11,7 @@ import numpy as np
 
 from painting.shape import PORT_LINE, PORTS, place, sheer
 
-WIND = -42.                 # degrees: the wind blows to the right and towards the eye
+WIND = -34.                 # degrees: the wind blows to the right and towards the eye
 
 
 def turned(axis, degrees):
@@ -50,6 +50,7 @@ class Pose:
     spot: tuple         # the middle of her waterline
     brace: float        # of the yards, degrees from square
     near: int           # her side that faces the eye: -1 starboard, 1 port
+    courses: bool = True        # whether her lowest sails are set, or clewed up to their yards
 
     def axes(self):
         """Columns are her forward, up and port axes in the world."""
@@ -77,7 +78,8 @@ class Pose:
         return self.world(points), self.axes() @ (0, 0, float(self.near))
 
 
-# The menu's panel hides x 255 to 545. The ships meet on opposite courses, both with the wind
-# abeam or from behind, and the second lies farther off.
-FIRST = Pose('First', -40, 3, .6, (-61., .2, 158), 20, -1)
-SECOND = Pose('Second', -143, -3, -.4, (73., .1, 192), 40, 1)
+# The menu's panel hides x 255 to 545. Both ships run before the same wind, so that sails, flags and
+# smoke agree with their courses. The second lies farther off and more end-on, her courses clewed
+# up for the fight, so that neither looks like a copy of the other.
+FIRST = Pose('First', -24, 3, .6, (-72.5, .2, 186), 26, -1)
+SECOND = Pose('Second', -66, -3, -.4, (72.5, .1, 215), 2, -1, False)

@@ -94,8 +94,10 @@ def mirror(c, dusk, pose, sea, ship, seed):
     x, y, _, _ = profile(pose, sea)
     level = gaussian_filter(across(dusk.x, x, y), (0, 6 * dusk.scale))
     ripple = .7 * dusk.noise(seed, 1.1, sx=5.) + .5 * dusk.noise(seed + 1, 1.5, sx=3.)
-    seen = image(ship, level, dusk.x, dusk.y, ripple, dusk.scale)
-    strength = .86 * np.clip(1 - (dusk.y - level) / 78, 0, 1) ** 1.1
-    strength = strength * np.clip(.85 + .35 * ripple, .25, 1)
+    down = np.clip(dusk.y - level, 0, None)
+    # The farther from her, the more the waves break it, until only streaks are left.
+    seen = image(ship, level, dusk.x, dusk.y, ripple * (1 + down / 12), dusk.scale)
+    strength = .9 * np.clip(1 - down / 66, 0, 1) * np.clip(.85 + .35 * ripple, .25, 1)
+    strength = strength * smoothstep(ripple + 1.2 - down / 26, -.5, .7)
     seen = seen * strength[..., None]
-    return c * (1 - seen[..., 3:]) + seen[..., :3] * .58 + seen[..., 3:] * linear('2b2438') * .5
+    return c * (1 - seen[..., 3:]) + seen[..., :3] * .66 + seen[..., 3:] * linear('2b2438') * .5

@@ -15,11 +15,11 @@ from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # Seconds since each gun fired, from stern to bow; None for a gun that has not.
-AGES = {'First': (None, None, None, None, .04, None, .13, .9, 2.),
-        'Second': (2.6, 1.6, .8, .15, None, .05, None, None, None)}
+AGES = {'First': (None, None, None, .04, None, .11, None, 2.2, 3.2),
+        'Second': (3., 2., None, .13, None, .05, None, None, None)}
 LOBES = 5           # tongues of one flash
 FLASH = .3          # seconds that one lasts
-REACH = 3.4         # metres
+REACH = 5.2         # metres
 BLOW = np.array([np.cos(np.radians(WIND)), 0, np.sin(np.radians(WIND))])
 
 
@@ -32,13 +32,13 @@ def puffs(pose):
     """(x, y, radius, density) in finished pixels of the smoke of one ship's broadside."""
     out = []
     for k, (muzzle, aim, age) in enumerate(guns(pose)):
-        for part in np.linspace(.25, 1, 4):
+        for part in np.linspace(.15, 1, 8):
             t = age * part
             at = muzzle + aim * (1.2 + 5.5 * (1 - np.exp(-1.6 * t)) * (1.3 - .6 * part))
-            at = at + BLOW * (3.2 * t) + (0, .95 * t + .5 * np.sin(3. * k + part), 0)
+            at = at + BLOW * (4.6 * t) + (0, .95 * t + .5 * np.sin(3. * k + part), 0)
             (x, y), = VIEW.project(at[None])
-            size = (.6 + 1.05 * t ** .75) * VIEW.focus / at[2]
-            out.append((x, y, size, .36 * np.exp(-.30 * t) * (1 if age > FLASH else .35)))
+            size = (.6 + .8 * t ** .75) * VIEW.focus / at[2]
+            out.append((x, y, size, .14 * np.exp(-.30 * t) * (1 if age > FLASH else .35)))
     return out
 
 
@@ -65,7 +65,7 @@ def smoke(c, dusk, corner, size, clouds, seed, cover_by=None, flashes=()):
     part = np.s_[y0 * n:(y0 + h) * n, x0 * n:(x0 + w) * n]
     colour = linear('4a4058') * .66
     colour = colour + (linear('9a8f9e') * .50 - colour) * np.clip(ambient, 0, 1)[..., None] * .9
-    colour = colour + linear('ffc488') * 1.0 * (np.clip(lit, 0, 1) ** 1.1)[..., None]
+    colour = colour + linear('ffc488') * 1.2 * (np.clip(lit, 0, 1) ** 1.4)[..., None]
     for (x, y), strength in flashes:
         near = np.exp(-np.hypot(dusk.x[part] - x, dusk.y[part] - y) / 15)
         colour = colour + (1.1 * strength * near)[..., None] * linear('ff9a40')
@@ -110,7 +110,7 @@ def blossom(x, y, start, end, age, rough, seed):
     r, old = np.random.RandomState(40 + seed), age / FLASH
     straight = np.arctan2(*(end - start)[::-1])
     # One that points at the eye looks short, but is never drawn as a mere dot.
-    long = max(np.hypot(*(end - start)), 9.) * (.8 + .5 * r.rand())
+    long = max(np.hypot(*(end - start)), 14.) * (.8 + .5 * r.rand())
     flame = np.zeros(x.shape)
     for _ in range(LOBES):
         turn = straight + r.normal() * (.10 + .75 * old)

@@ -35,7 +35,8 @@ def render_ships(work):
     libraries = povray.prepare(work, HERE)
     placed = ''
     for pose in (FIRST, SECOND):
-        vessel.write(work / (pose.name.lower() + '.inc'), pose.name, pose.wind(), pose.brace)
+        vessel.write(work / (pose.name.lower() + '.inc'), pose.name, pose.wind(), pose.brace,
+                     pose.courses)
         placed += 'object{ %s %s }\n' % (pose.name, pose.matrix())
     (work / 'poses.inc').write_text(placed)
     povray.render(HERE / 'duel.pov', work / 'ships.png', (SCALE * W, SCALE * FRAME), libraries,

@@ -35,7 +35,7 @@ def mast_at(name, y):
     return np.array([YARDS[name][0] - RAKE[name] * y, y, 0.])
 
 
-def build(ship, wind):
+def build(ship, wind, courses=True):
     for name, (_, _, yards) in YARDS.items():
         for k, (height, length) in enumerate(yards):
             across, ahead = wind.axes(3.5 * k)
@@ -45,7 +45,10 @@ def build(ship, wind):
                 ship.rod(middle, tip, .27 - .035 * k, 'T_Yard', .12)
             if k == 0 and name == 'mizzen':
                 continue
-            square(ship, name, k, wind)
+            if k == 0 and not courses:
+                clewed_up(ship, name, wind)
+            else:
+                square(ship, name, k, wind)
     headsails(ship, wind)
     spanker(ship, wind)
 
@@ -91,6 +94,22 @@ def square(ship, name, k, wind):
     ship.path(grid[-1], .07, 'T_Rope')
     for edge in (grid[:, 0], grid[:, -1]):
         ship.path(edge[::3], .055, 'T_Rope')
+
+
+def clewed_up(ship, name, wind):
+    """A course hauled up to its yard, as before a fight: bunches of cloth between the gaskets."""
+    height, length = YARDS[name][2][0]
+    across, ahead = wind.axes(0)
+    b, a = np.meshgrid(np.linspace(0, 1, 24), np.linspace(-1, 1, 120), indexing='ij')
+    # Deep at the middle and at the clews, with a fold at every gasket.
+    bunch = np.abs(np.sin(a * np.pi * 4)) ** .6
+    drop = (1.5 + 1.1 * np.cos(a * np.pi) ** 2) * (.6 + .4 * bunch)
+    depth = (.5 + .8 * bunch) * np.sin(np.pi * b ** .7)
+    grid = mast_at(name, height) + across * (a * length * .95)[..., None]
+    grid = grid + ahead * (depth + .6)[..., None]
+    grid[..., 1] += -.1 - b * drop
+    ship.sheet(grid, 'T_Course')
+    ship.path(grid[-1], .07, 'T_Rope')
 
 
 def three_sided(ship, tack, head, clew, wind, depth):

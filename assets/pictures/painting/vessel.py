@@ -9,11 +9,13 @@ from painting import rigging, sails, timber
 from painting.solid import Solid
 
 
-def write(path, name, blow, brace):
-    """Declare a ship whose yards are braced to a wind that blows `blow` degrees off her heading."""
+def write(path, name, blow, brace, courses=True):
+    """Declare a ship whose yards are braced to a wind that blows `blow` degrees off her heading;
+    without `courses` her lowest sails are clewed up.
+    """
     ship, wind = Solid(), sails.Wind(blow, brace)
     timber.build(ship)
     rigging.build(ship, wind)
-    sails.build(ship, wind)
+    sails.build(ship, wind, courses)
     sails.flags(ship, wind)
     path.write_text(ship.declare(name))
