@@ -7,6 +7,7 @@ The manoeuvres hold keys on a sea that was chosen for them. The duels are fought
 
 import itertools
 import math
+import time
 from collections import namedtuple
 
 import pytest
@@ -25,8 +26,14 @@ DIAL_JUST_FIRED = 8  # the dial needs some frames until it is seen
 SAILED = 80  # pixels in open water
 SLID = 50  # pixels along a barrier
 LONGEST_DUEL = 1200  # seconds, on a machine that is very busy
+# Seconds between two looks; what happened within a longer time may have been missed.
+LONGEST_BLINK = 0.5
 
 Sight = namedtuple("Sight", "time place look in_view phase bar dial balls")
+
+
+class LookedAway(Exception):
+    """The machine was too busy to watch a manoeuvre. pytest runs the test again."""
 
 
 class Watch:
@@ -36,11 +43,15 @@ class Watch:
         guide.start_battle()
         self.match = Match(guide.stage, guide.lookout, styles)
         self.log = ([], [])
+        self.longest_blink = math.inf if any(styles) else LONGEST_BLINK
         self.match.watchers.append(self._note)
-        self.match.run(20, lambda: all(self.log))
+        self.wait(20, lambda: all(self.log))
 
     def _note(self, _):
         chart = self.match.chart
+        if chart.time - self.looked > self.longest_blink:
+            raise LookedAway(f"for {chart.time - self.looked:.1f} s")
+        self.looked = chart.time
         for ship, log in zip(chart.ships, self.log):
             log.append(Sight(chart.time, ship.place, ship.look, ship.in_view, ship.phase,
                              ship.bar, ship.dial, chart.balls))
@@ -49,11 +60,12 @@ class Watch:
         self.match.hands[player].wish(Wish(frozenset(actions), turn))
 
     def run(self, until, timeout=60):
-        self.match.run(timeout, until)
+        self.wait(timeout, until)
         assert until(), f"not seen in time; last {[log[-1:] for log in self.log]}"
 
-    def wait(self, seconds):
-        self.match.run(seconds)
+    def wait(self, seconds, until=lambda: False):
+        self.looked = time.monotonic()
+        self.match.run(seconds, until)
 
     def bars(self, player):
         """The widths of a player's bar in the order in which they were seen."""
