@@ -136,7 +136,6 @@ bool surviveLongRun(const LongRun& longRun, Counts& counts) {
         Marathon marathon(longRun);
         surroundings.conductor = &marathon;
         stopClock(longRun.seed);
-        drawing.showsPixels = !longRun.watched;
         if (longRun.watched) {
             alarm(0); // a night is long
         }

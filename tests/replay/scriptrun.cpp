@@ -125,7 +125,6 @@ Outcome runScript(const Script& script, bool drawn, const Look& look) {
         surroundings.conductor = &run;
         stopClock(script.seed);
         drawing.movesPixels = drawn;
-        drawing.showsPixels = drawn;
         surroundings.keepsSurfaces = drawn;
         const int result = runGame(script.pictures.c_str());
         run.reportEnd();

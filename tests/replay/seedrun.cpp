@@ -152,7 +152,6 @@ std::vector<std::string> run(const std::vector<int>& seeds, const char* pictures
         surroundings.conductor = &starter;
         drawing.movesPixels = drawn;
         surroundings.keepsSurfaces = drawn;
-        drawing.showsPixels = false;
         return runGame(pictures);
     });
     std::vector<std::string> lines = splitLines(all.out);

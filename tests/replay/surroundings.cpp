@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+#include "drawing.h"
 #include "eventsource.h"
 #include "main.h"
 #include "programmode.h"
@@ -111,7 +112,13 @@ int runGame(const char* pictures) {
 }
 
 Outcome runReplay(const std::function<int()>& function) {
-    Outcome outcome = runInChild([&] { std::exit(function()); }, replayPatience);
+    Outcome outcome = runInChild(
+        [&] {
+            // Nobody looks at the window, and sdl12-compat takes milliseconds to show it.
+            drawing.showsPixels = false;
+            std::exit(function());
+        },
+        replayPatience);
     std::cerr << outcome.err;
     return outcome;
 }

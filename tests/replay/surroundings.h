@@ -47,5 +47,6 @@ int runGame(const char* pictures);
 
 const unsigned replayPatience = 1800; // seconds; longer than any run that makes progress
 
-// Calls a function in a copy of this process, which exits with the function's result.
+// Calls a function in a copy of this process, which exits with the function's result. A flip is
+// only counted there.
 Outcome runReplay(const std::function<int()>& function);
