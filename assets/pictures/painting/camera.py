@@ -11,7 +11,8 @@ import numpy as np
 
 from painting.shape import PORT_LINE, PORTS, place, sheer
 
-WIND = -34.                 # degrees: the wind blows to the right and towards the eye
+TRAINED = 45                # degrees that the guns are trained forward, at the enemy ahead
+WIND = -36.                 # degrees: the wind blows to the right and towards the eye
 
 
 def turned(axis, degrees):
@@ -75,11 +76,12 @@ class Pose:
     def muzzles(self):
         """World positions of the near guns' mouths, from stern to bow, and their aim."""
         points = place(PORTS, PORT_LINE * sheer(PORTS), self.near, 1.)
-        return self.world(points), self.axes() @ (0, 0, float(self.near))
+        ahead = np.radians(TRAINED)
+        return self.world(points), self.axes() @ (np.sin(ahead), 0, self.near * np.cos(ahead))
 
 
-# The menu's panel hides x 255 to 545. Both ships run before the same wind, so that sails, flags and
-# smoke agree with their courses. The second lies farther off and more end-on, her courses clewed
-# up for the fight, so that neither looks like a copy of the other.
-FIRST = Pose('First', -24, 3, .6, (-72.5, .2, 186), 26, -1)
-SECOND = Pose('Second', -66, -3, -.4, (72.5, .1, 215), 2, -1, False)
+# The menu's panel hides x 255 to 545. The ships face each other across it in one wind: the first
+# runs before it, the second is close-hauled, her yards braced sharp. Her courses are clewed up for
+# the fight, so that neither ship looks like a copy of the other.
+FIRST = Pose('First', -25, 3, .6, (-78.2, .2, 192), 22, -1)
+SECOND = Pose('Second', -149, -4, -.4, (75.2, .1, 194), 46, 1, False)

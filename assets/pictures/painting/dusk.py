@@ -63,7 +63,7 @@ class Dusk:
         """A ship's colours in this light: golden, and dimmer the farther from the sun."""
         away = np.hypot(self.x - SUN[0], .6 * (self.y - SUN[1]))
         fall = (.97 - .30 * smoothstep(away, 120, 420))[..., None]
-        return colour * fall * linear('ffe2c2')
+        return colour * fall * linear('ffe8d0')
 
     def horizon(self, c):
         """The line between sky and sea, softened by some pixels and lost below the sun."""

@@ -12,6 +12,9 @@ from common.palette import linear
 from painting.brush import lay
 from painting.camera import VIEW
 
+DEEP = 98.          # pixels below her waterline where a ship's image is lost
+WAVES = 6.          # how much the slopes of the waves bend it
+
 
 def profile(pose, sea):
     """Along her visible waterline: x, y, metres per pixel and share of her length."""
@@ -94,10 +97,13 @@ def mirror(c, dusk, pose, sea, ship, seed):
     x, y, _, _ = profile(pose, sea)
     level = gaussian_filter(across(dusk.x, x, y), (0, 6 * dusk.scale))
     ripple = .7 * dusk.noise(seed, 1.1, sx=5.) + .5 * dusk.noise(seed + 1, 1.5, sx=3.)
+    # The painted waves themselves bend the image, so that it lies in the water and not on it.
+    ripple[sea.top:] += WAVES * sea.sz
     down = np.clip(dusk.y - level, 0, None)
     # The farther from her, the more the waves break it, until only streaks are left.
-    seen = image(ship, level, dusk.x, dusk.y, ripple * (1 + down / 12), dusk.scale)
-    strength = .9 * np.clip(1 - down / 66, 0, 1) * np.clip(.85 + .35 * ripple, .25, 1)
-    strength = strength * smoothstep(ripple + 1.2 - down / 26, -.5, .7)
+    soft = gaussian_filter(ship, (1.5 * dusk.scale, 2 * dusk.scale, 0))
+    seen = image(soft, level, dusk.x, dusk.y, ripple * (1 + down / 40), dusk.scale)
+    strength = .95 * np.clip(1 - down / DEEP, 0, 1) * np.clip(.85 + .35 * ripple, .25, 1)
+    strength = strength * smoothstep(ripple + 1.4 - down / 45, -.6, .9)
     seen = seen * strength[..., None]
-    return c * (1 - seen[..., 3:]) + seen[..., :3] * .66 + seen[..., 3:] * linear('2b2438') * .5
+    return c * (1 - seen[..., 3:]) + seen[..., :3] * .60 + seen[..., 3:] * linear('2b2438') * .4

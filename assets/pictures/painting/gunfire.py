@@ -15,11 +15,11 @@ from painting.camera import VIEW, WIND
 from painting.smoke import march
 
 # Seconds since each gun fired, from stern to bow; None for a gun that has not.
-AGES = {'First': (None, None, None, .04, None, .11, None, 2.2, 3.2),
-        'Second': (3., 2., None, .13, None, .05, None, None, None)}
-LOBES = 5           # tongues of one flash
+AGES = {'First': (None, .06, 3.6, None, .03, 2.4, None, .08, 1.5),
+        'Second': (2.8, None, .07, 3.6, None, .04, 2., None, .03)}
+LOBES = 6           # tongues of one flash
 FLASH = .3          # seconds that one lasts
-REACH = 5.2         # metres
+REACH = 6.5         # metres
 BLOW = np.array([np.cos(np.radians(WIND)), 0, np.sin(np.radians(WIND))])
 
 
@@ -35,10 +35,25 @@ def puffs(pose):
         for part in np.linspace(.15, 1, 8):
             t = age * part
             at = muzzle + aim * (1.2 + 5.5 * (1 - np.exp(-1.6 * t)) * (1.3 - .6 * part))
-            at = at + BLOW * (4.6 * t) + (0, .95 * t + .5 * np.sin(3. * k + part), 0)
-            (x, y), = VIEW.project(at[None])
-            size = (.6 + .8 * t ** .75) * VIEW.focus / at[2]
-            out.append((x, y, size, .14 * np.exp(-.30 * t) * (1 if age > FLASH else .35)))
+            at = at + BLOW * (4.6 * t) + (0, 1.2 * t + .5 * np.sin(3. * k + part), 0)
+            out.append(seen(at, .8 + .9 * t ** .75, .20 * np.exp(-.30 * t)))
+        if age < FLASH:
+            out += fresh(muzzle, aim, age)
+    return out
+
+
+def seen(at, size, strength):
+    """A puff of a size in metres as (x, y, radius, density)."""
+    (x, y), = VIEW.project(at[None])
+    return x, y, size * VIEW.focus / at[2], strength
+
+
+def fresh(muzzle, aim, age):
+    """The thick smoke that a shot throws out beyond its flame; the wind has not reached it yet."""
+    out = []
+    for part in np.linspace(0, 1, 4):
+        at = muzzle + aim * (2. + (3. + 14 * age) * part) + BLOW * (1.2 * part)
+        out.append(seen(at + (0, .5 + 1.2 * part, 0), 1.1 + 1.3 * part + 3 * age, .50))
     return out
 
 
@@ -68,7 +83,7 @@ def smoke(c, dusk, corner, size, clouds, seed, cover_by=None, flashes=()):
     colour = colour + linear('ffc488') * 1.2 * (np.clip(lit, 0, 1) ** 1.4)[..., None]
     for (x, y), strength in flashes:
         near = np.exp(-np.hypot(dusk.x[part] - x, dusk.y[part] - y) / 15)
-        colour = colour + (1.1 * strength * near)[..., None] * linear('ff9a40')
+        colour = colour + (.8 * strength * near)[..., None] * linear('ff9a40')
     if cover_by is not None:
         cover = cover * (1 - cover_by[part])
     c = c.copy()
@@ -92,7 +107,7 @@ def tongues(dusk, pose):
         strength = 1 - (age / FLASH) ** 2 * .8
         start, end = VIEW.project(np.stack([muzzle, muzzle + aim * REACH]))
         near = np.hypot(dusk.x - start[0], dusk.y - start[1])
-        rows, columns = np.nonzero(near < 45)
+        rows, columns = np.nonzero(near < 60)
         part = np.s_[rows.min():rows.max() + 1, columns.min():columns.max() + 1]
         flame = blossom(dusk.x[part], dusk.y[part], start, end, age, rough[part], k)
         # The middle is white, the rim red; an old flame has hardly any white left.
@@ -107,10 +122,10 @@ def tongues(dusk, pose):
 
 def blossom(x, y, start, end, age, rough, seed):
     """A flame as several tongues: first a narrow jet, then a ragged ball that leaves the mouth."""
-    r, old = np.random.RandomState(40 + seed), age / FLASH
+    r, old = np.random.RandomState(60 + seed), age / FLASH
     straight = np.arctan2(*(end - start)[::-1])
     # One that points at the eye looks short, but is never drawn as a mere dot.
-    long = max(np.hypot(*(end - start)), 14.) * (.8 + .5 * r.rand())
+    long = max(np.hypot(*(end - start)), 20.) * (.8 + .5 * r.rand())
     flame = np.zeros(x.shape)
     for _ in range(LOBES):
         turn = straight + r.normal() * (.10 + .75 * old)
@@ -118,7 +133,7 @@ def blossom(x, y, start, end, age, rough, seed):
         along = ((x - start[0]) * np.cos(turn) + (y - start[1]) * np.sin(turn)) / length
         aside = ((y - start[1]) * np.cos(turn) - (x - start[0]) * np.sin(turn)) / length
         q = np.clip(along - .5 * old, 0, 1)
-        wide = .05 + (.16 + .35 * old) * np.sqrt(q) * (1 - q) ** .5
+        wide = .09 + (.24 + .30 * old) * np.sqrt(q) * (1 - q) ** .5
         wide = wide * np.clip(1 + .5 * rough, .4, 2)
         tongue = np.exp(-(aside / wide) ** 2) * smoothstep(along, .4 * old - .12, .4 * old + .06)
         tongue = tongue * np.clip(1.1 + .4 * old - along + .25 * rough, 0, 1)

@@ -34,10 +34,10 @@ def render_ships(work):
     dress.write(work)
     libraries = povray.prepare(work, HERE)
     placed = ''
-    for pose in (FIRST, SECOND):
+    for pose, sun in ((FIRST, 1), (SECOND, -1)):
         vessel.write(work / (pose.name.lower() + '.inc'), pose.name, pose.wind(), pose.brace,
                      pose.courses)
-        placed += 'object{ %s %s }\n' % (pose.name, pose.matrix())
+        placed += 'Lit(object{ %s %s }, %d)\n' % (pose.name, pose.matrix(), sun)
     (work / 'poses.inc').write_text(placed)
     povray.render(HERE / 'duel.pov', work / 'ships.png', (SCALE * W, SCALE * FRAME), libraries,
                   rows=SCALE * H, Eye=VIEW.eye, Focus=VIEW.focus)
@@ -63,6 +63,24 @@ def backdrop(dusk):
     return colours(azimuth, lift), colours
 
 
+def action(dusk, c, halves, sea):
+    """The ships, their images in the water, their smoke and their fire over sky and sea."""
+    light = 0
+    for pose, ship, part, seed in ((FIRST, halves[0], ((0, 230), (400, 250)), 51),
+                                   (SECOND, halves[1], ((400, 230), (400, 250)), 65)):
+        c = gunfire.smoke(c, dusk, *part, gunfire.bank(pose, (-14, 44), 6, .4), seed)
+        cover = foam.afloat(dusk, pose, sea, ship[..., 3])
+        colour = dusk.warm(ship[..., :3] / np.maximum(ship[..., 3:], 1e-4))
+        far = .04 if pose is FIRST else .08
+        c = lay(c, lay(colour, linear('d88a62') * .8, np.full(cover.shape, far)), cover)
+        c = foam.mirror(c, dusk, pose, sea, np.dstack([ship[..., :3], cover]), seed + 20)
+        c = foam.waterline(c, dusk, pose, sea, seed + 10)
+        near = gunfire.flashes(pose)
+        c = gunfire.smoke(c, dusk, *part, gunfire.puffs(pose), seed + 3, None, near)
+        light = light + gunfire.tongues(dusk, pose)
+    return c + light
+
+
 def compose(work):
     dusk = Dusk(W, H, SCALE)
     ships = render_ships(work)
@@ -72,20 +90,7 @@ def compose(work):
     water = sea.water(colours, mirrored(list(zip((FIRST, SECOND), halves))), glitter)
     c[sea.top:] = sea.whitecaps(dusk.ripples(water, sea.top))
     c = dusk.horizon(dusk.haze(c) + dusk.path())
-    light = 0
-    for pose, ship, part, seed in ((FIRST, halves[0], ((0, 250), (380, 230)), 51),
-                                   (SECOND, halves[1], ((440, 250), (360, 250)), 65)):
-        near = gunfire.flashes(pose)
-        c = gunfire.smoke(c, dusk, *part, gunfire.bank(pose, (-14, 44), 6, .25), seed)
-        cover = foam.afloat(dusk, pose, sea, ship[..., 3])
-        colour = dusk.warm(ship[..., :3] / np.maximum(ship[..., 3:], 1e-4))
-        far = .04 if pose is FIRST else .12
-        c = lay(c, lay(colour, linear('d88a62') * .8, np.full(cover.shape, far)), cover)
-        c = foam.mirror(c, dusk, pose, sea, np.dstack([ship[..., :3], cover]), seed + 20)
-        c = foam.waterline(c, dusk, pose, sea, seed + 10)
-        c = gunfire.smoke(c, dusk, *part, gunfire.puffs(pose), seed + 3, None, near)
-        light = light + gunfire.tongues(dusk, pose)
-    return dusk, c + light, ships[..., 3]
+    return dusk, action(dusk, c, halves, sea), ships[..., 3]
 
 
 def paint(o, ships):

@@ -2,18 +2,20 @@
 # SPDX-License-Identifier: MIT
 """Powder smoke: a small volume of noise, lit by marching through it.
 
-To change: the raggedness in `density`. The painting's script says where the smoke is.
+To change: the raggedness in `density`, and DRAWN. The painting's script says where the smoke is.
 """
 import numpy as np
 
 DEPTH = 72
-SHEAR = .9      # the wind carries what has risen farther to the right
+SHEAR = 1.5     # the wind carries what has risen farther to the right
+DRAWN = 2.2     # how much longer than high the wind draws every wisp
 
 
 def noise3(shape, seed, slope, lowest):
     r = np.random.RandomState(seed)
     f = [np.fft.fftfreq(n) * 360. for n in shape]
-    k = np.sqrt(f[0][:, None, None] ** 2 + f[1][None, :, None] ** 2 + f[2][None, None, :] ** 2)
+    k = np.sqrt(f[0][:, None, None] ** 2 + f[1][None, :, None] ** 2
+                + (DRAWN * f[2][None, None, :]) ** 2)
     k[0, 0, 0] = 1e9
     amplitude = k ** -slope
     amplitude[k < lowest] = 0
@@ -28,10 +30,10 @@ def density(w, h, puffs, seed):
     for px, py, size, strength in puffs:
         for _ in range(12):
             a = r.rand() * 6.28
-            cy = py + np.sin(a) * size * .55 * r.rand() ** .5
-            cx = px + np.cos(a) * size * .85 * r.rand() ** .5 + SHEAR * (py - cy)
+            cy = py + np.sin(a) * size * .50 * r.rand() ** .5
+            cx = px + np.cos(a) * size * 1.2 * r.rand() ** .5 + SHEAR * (py - cy)
             cz = DEPTH / 2 + r.normal() * min(size * .3, DEPTH * .16)
-            radius = size * (.30 + .45 * r.rand())
+            radius = size * (.20 + .40 * r.rand())
             ball(clear, ragged, (cz, cy, cx), radius, strength)
     return 1 - clear
 
@@ -39,12 +41,13 @@ def density(w, h, puffs, seed):
 def ball(clear, ragged, middle, radius, strength):
     """Balls melt into each other and thin out slowly: a hard edge looks like dough."""
     # The raggedness carries no wisp further than this.
-    reach = 2.4 * radius
-    box = tuple(slice(max(0, int(at - reach)), max(0, min(n, int(at + reach) + 1)))
-                for at, n in zip(middle, clear.shape))
+    reach = 2.4 * radius * np.array([1, 1, DRAWN])
+    box = tuple(slice(max(0, int(at - far)), max(0, min(n, int(at + far) + 1)))
+                for at, far, n in zip(middle, reach, clear.shape))
     z, y, x = np.ogrid[box]
     cz, cy, cx = middle
-    away = np.sqrt((x - cx) ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged[box]
+    aside = (x - cx) / DRAWN
+    away = np.sqrt(aside ** 2 + (y - cy) ** 2 + (z - cz) ** 2) / radius + ragged[box]
     clear[box] *= 1 - np.clip((1.12 - away) / .8, 0, 1) ** 1.4 * strength
 
 
