@@ -13,7 +13,7 @@ from painting.brush import lay
 from painting.camera import VIEW
 
 DEEP = 98.          # pixels below her waterline where a ship's image is lost
-WAVES = 6.          # how much the slopes of the waves bend it
+WAVES = 3.          # how much the slopes of the waves bend it
 
 
 def profile(pose, sea):
@@ -101,9 +101,11 @@ def mirror(c, dusk, pose, sea, ship, seed):
     ripple[sea.top:] += WAVES * sea.sz
     down = np.clip(dusk.y - level, 0, None)
     # The farther from her, the more the waves break it, until only streaks are left.
-    soft = gaussian_filter(ship, (1.5 * dusk.scale, 2 * dusk.scale, 0))
+    soft = gaussian_filter(ship, (1.5 * dusk.scale, 3 * dusk.scale, 0))
     seen = image(soft, level, dusk.x, dusk.y, ripple * (1 + down / 40), dusk.scale)
     strength = .95 * np.clip(1 - down / DEEP, 0, 1) * np.clip(.85 + .35 * ripple, .25, 1)
     strength = strength * smoothstep(ripple + 1.4 - down / 45, -.6, .9)
     seen = seen * strength[..., None]
-    return c * (1 - seen[..., 3:]) + seen[..., :3] * .60 + seen[..., 3:] * linear('2b2438') * .4
+    # Broken by the waves, pale cloth takes the colour of the evening.
+    colour = seen[..., :3] * linear('f0b088') * .8
+    return c * (1 - seen[..., 3:]) + colour + seen[..., 3:] * linear('2b2438') * .4
