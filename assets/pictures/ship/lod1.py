@@ -39,10 +39,10 @@ FORWARD = 1.7
 LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
 # The line round her, in pixels: pitch on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
-LINE_WIDTH, SUNNY = 1.3, .25   # the line is thinner by this part towards the sun
+LINE_WIDTH, SUNNY = .95, .25   # the line is thinner by this part towards the sun
 PITCH = linear('pitch')
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
-HEM = .68
+HEM = .8
 # Sunlit canvas keeps its shading: luminances above KNEE are pressed towards WHITE.
 KNEE, WHITE = .65, 1.095
 # Luminances that stand out from the sea by 3:1, with something to spare.
@@ -139,7 +139,7 @@ def outlined(ship, cells, wood):
     down, right = np.gradient(gaussian_filter(alpha[..., 0], cells))
     facing = np.clip((down + right) / np.maximum(np.hypot(down, right), 1e-3) / 1.41, 0, 1)
     width = LINE_WIDTH * (1 - SUNNY * gaussian_filter(facing, .5 * cells))
-    edge = (1 - smoothstep(inside - width, -.2, .2))[..., None]
+    edge = (1 - smoothstep(inside - width, -.45, .45))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
     soft, wood = gaussian_filter(light, (.2 * cells, .2 * cells, 0)), np.clip(wood, 0, 1)[..., None]
     canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (

@@ -51,7 +51,7 @@ JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-38.6, 11.8, 6.5)),
         ((-40.0, 10.6, 0), (-25.5, 26, 0), (-28.0, 13.4, 7.5)))
 BRACE, ASKEW = 66, 20      # degrees by which the yards are turned when she heads aside, up or down
 LIFT = .22
-FLAT = .75          # by what part the bellies are flatter on headings away from the viewer
+FLAT = .55          # by what part the bellies are flatter on headings away from the viewer
 HUNG = .9           # how far the sails hang below their yards, so that these stay visible
 ROPE, YARD = .13, .70
 PENNANT, FLY = 8.5, 1.7    # length, and half the width at the mast
