@@ -17,11 +17,11 @@ from ship.mesh import smooth
 STERN, BOW, BEAM = 44.8, -41.2, 17.0        # BEAM is the half breadth
 TUMBLE = .82        # breadth at the rail as a part of the widest
 LEAST_STERN, WIDEST, FULL = .72, .42, .71   # plan: stern's breadth, and where she is widest
-ROUND, CORNER = .075, .24   # how far the stern is rounded, and by what part of its breadth
+ROUND, CORNER = .10, .32   # how far the stern is rounded, and by what part of its breadth
 WALE = .42          # height of the widest line, as a part of the rail's
 BULWARK = 2.0       # height of the rail above the deck
 BULWARK_THICK = 1.0
-GALLERY, REACH = (37.4, 44.6), .9   # the quarter galleries: ends, and how far they stand out
+GALLERY, REACH = (36.0, 42.4), .9   # the quarter galleries: ends, and how far they stand out
 WAIST, QUARTER, POOP, FORE = 7.4, 8.4, 8.7, 8.6
 SHEER = 2.3         # how much higher the rail stands at her ends than amidships
 BREAKS = (.085, .345, .775)     # stations at which poop, quarterdeck and waist end
@@ -152,7 +152,7 @@ def stern(model):
     model.box((STERN - .7, high - .6, -r - .3), (STERN + .3, high + .3, r + .3), 'T_Gilt')
     model.box((STERN, high * .30, -r * .97), (STERN + .8, high * .30 + 1.1, r * .97), 'T_Gilt')
     for k in range(-2, 3):
-        z, w = k * 4.3, 1.3
+        z, w = k * 3.8, 1.25
         model.box((STERN, high * .46, z - w), (STERN + .45, high * .80, z + w), 'T_Pane')
 
 
@@ -197,9 +197,9 @@ def guns(model, s):
         t = station(x)
         wide, high = side(t), rail(t)
         port = GUN_DECK * high
-        model.box((x - 1.3, port - 1.2, s * wide * .9), (x + 1.3, port + 1.2, s * (wide + .1)),
+        model.box((x - 1.25, port - 1.15, s * wide * .9), (x + 1.25, port + 1.15, s * (wide + .1)),
                   'T_Port')
-        model.box((x - 1.5, port + 1.2, s * wide * .9), (x + 1.5, port + 1.8, s * (wide + .5)),
+        model.box((x - 1.4, port + 1.15, s * wide * .9), (x + 1.4, port + 1.65, s * (wide + .4)),
                   'T_Lid')
         model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + .9)), .6, 'T_Muzzle')
         y, r = deck(t) + .3, top(t) - BULWARK_THICK

@@ -39,7 +39,7 @@ FORWARD = 1.7
 LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
 # The line round her, in pixels: pitch on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
-LINE_WIDTH, SUNNY = .95, .25   # the line is thinner by this part towards the sun
+LINE_WIDTH, SUNNY = 1.0, .25   # the line is thinner by this part towards the sun
 PITCH = linear('pitch')
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .8
@@ -47,6 +47,8 @@ HEM = .8
 KNEE, WHITE = .65, 1.095
 # Luminances that stand out from the sea by 3:1, with something to spare.
 DARK, LIGHT = .008, .55
+# Up to this luminance it is wood, whose outline becomes dark rather than light.
+WOODEN = .3
 LUMINANCE = np.array((.2126, .7152, .0722))
 FAINT = .05
 # Samples a pixel, along each axis. A draft is coarser, but shows sooner what a change does.
@@ -139,7 +141,7 @@ def outlined(ship, cells, wood):
     down, right = np.gradient(gaussian_filter(alpha[..., 0], cells))
     facing = np.clip((down + right) / np.maximum(np.hypot(down, right), 1e-3) / 1.41, 0, 1)
     width = LINE_WIDTH * (1 - SUNNY * gaussian_filter(facing, .5 * cells))
-    edge = (1 - smoothstep(inside - width, -.45, .45))[..., None]
+    edge = (1 - smoothstep(inside - width, -.1, .75))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
     soft, wood = gaussian_filter(light, (.2 * cells, .2 * cells, 0)), np.clip(wood, 0, 1)[..., None]
     canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (
@@ -165,7 +167,7 @@ def cleared(ship):
                 for a in range(max(x - 1, 0), min(x + 2, FRAME))]
         worst, b, a = min(near)
         if 0 < worst < 9:
-            goal = DARK if light[b, a] < math.sqrt(DARK * LIGHT) else LIGHT
+            goal = DARK if light[b, a] < WOODEN else LIGHT
             out[b, a, :3] = np.minimum(ship[b, a, :3] * (goal / light[b, a]), alpha[b, a])
     return out
 

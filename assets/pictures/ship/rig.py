@@ -47,8 +47,8 @@ MASTS = (
         Sail(36.0, 26.5, 6.0, 8.2, 2.6, 'T_Gallant'))),
 )
 # Headsails: tack, head, clew.
-JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-38.6, 11.8, 6.5)),
-        ((-40.0, 10.6, 0), (-25.5, 26, 0), (-28.0, 13.4, 7.5)))
+JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-39.6, 11.4, 5.6)),
+        ((-41.0, 10.0, 0), (-25.5, 26, 0), (-29.0, 12.6, 7.0)))
 BRACE, ASKEW = 66, 20      # degrees by which the yards are turned when she heads aside, up or down
 LIFT = .22
 FLAT = .55          # by what part the bellies are flatter on headings away from the viewer

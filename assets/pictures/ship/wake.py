@@ -49,7 +49,7 @@ def foam(heading, aside, drop):
     along = np.clip((x - STERN) / (BOW - STERN), 0, 1)
     away = np.abs(z) - np.interp(along, np.linspace(0, 1, 400), WATERLINE)
     parts = (contact(x, away, coarse, fine), feather(x, away, coarse, fine),
-             lace(x, away, coarse, fine), astern(x, z, coarse, fine))
+             curl(x, away, coarse, fine), lace(x, away, coarse, fine), astern(x, z, coarse, fine))
     return np.clip(np.maximum.reduce(parts), 0, 1)
 
 
@@ -69,9 +69,18 @@ def feather(x, away, coarse, fine):
     """The bow wave: thick at the stem, leaving her as a soft arm of a V that dies abeam of her."""
     gone = x - STEM
     run = np.clip(gone, 0, None)
-    wave = crest(away - .4 - .17 * run, 1.5 + .05 * run)
-    fading = np.clip((gone + 1.5) / 2, 0, 1) * np.clip(1 - gone / 60, 0, 1)
-    return wave * fading * np.clip(1 + .12 * coarse + .06 * fine, 0, 1)
+    wave = crest(away - .4 - .19 * run, 1.9 + .05 * run)
+    fading = np.clip((gone + 2) / 2, 0, 1) * np.clip(1 - gone / 56, 0, 1) ** .8
+    broken = np.clip(run / 30, .3, 1)
+    return wave * fading * np.clip(1.08 + broken * (.30 * coarse + .14 * fine), 0, 1)
+
+
+def curl(x, away, coarse, fine):
+    """The white water that the stem throws up to both sides."""
+    gone = x - STEM
+    thrown = np.exp(-(np.clip(away - .14 * gone, 0, None) / 3) ** 2)
+    fading = np.clip((gone + 3.5) / 3, 0, 1) * np.clip(1 - gone / 17, 0, 1) ** .7
+    return thrown * fading * np.clip(.95 + .3 * coarse + .18 * fine, 0, 1)
 
 
 def lace(x, away, coarse, fine):
@@ -86,6 +95,6 @@ def lace(x, away, coarse, fine):
 def astern(x, z, coarse, fine):
     """Smooth churned water behind the stern, which narrows and dies."""
     gone = x - STERN
-    breadth_ = 8.5 + .10 * np.clip(gone, 0, None)
-    band = np.exp(-(z / breadth_) ** 4) * np.clip(.80 + .30 * coarse + .2 * fine, 0, 1)
-    return np.clip(gone + 1, 0, 1) * band * np.clip(1 - gone / 26, 0, 1) ** .7
+    breadth_ = 9 + .14 * np.clip(gone, 0, None)
+    band = np.exp(-(z / breadth_) ** 4) * np.clip(.85 + .34 * coarse + .2 * fine, 0, 1)
+    return np.clip(gone + 2, 0, 1) * band * np.clip(1 - gone / 26, 0, 1) ** .7
