@@ -44,7 +44,7 @@ PITCH = linear('pitch')
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .8
 # Sunlit canvas keeps its shading: luminances above KNEE are pressed towards WHITE.
-KNEE, WHITE = .65, 1.095
+KNEE, WHITE = .65, 1.06
 # Luminances that stand out from the sea by 3:1, with something to spare.
 DARK, LIGHT = .008, .55
 # Up to this luminance it is wood, whose outline becomes dark rather than light.
