@@ -47,10 +47,10 @@ MASTS = (
         Sail(36.0, 26.5, 6.0, 8.2, 2.6, 'T_Gallant'))),
 )
 # Headsails: tack, head, clew.
-JIBS = (((-48.8, 8.0, 0), (-31.5, 30, 0), (-39.6, 11.4, 5.6)),
-        ((-41.0, 10.0, 0), (-25.5, 26, 0), (-29.0, 12.6, 7.0)))
+JIBS = (((-47.4, 7.8, 0), (-33.4, 27, 0), (-40.4, 10.6, 5.0)),
+        ((-40.6, 10.2, 0), (-26.5, 27, 0), (-29.4, 12.8, 6.6)))
 BRACE, ASKEW = 66, 20      # degrees by which the yards are turned when she heads aside, up or down
-LIFT = .22
+LIFT, RAISED = .22, .3   # how far the shading of canvas looks up, and how much more from behind
 FLAT = .55          # by what part the bellies are flatter on headings away from the viewer
 HUNG = .9           # how far the sails hang below their yards, so that these stay visible
 ROPE, YARD = .13, .70
@@ -78,18 +78,26 @@ def fullness(k):
     return 1 - FLAT * max(0, math.sin(math.radians(10 * k)))
 
 
+def upward(k):
+    """How far the shading of the square sails looks up at heading k.
+
+    Seen from behind, they would otherwise turn from the light and be as dull as the deck.
+    """
+    return LIFT + RAISED * max(0, math.sin(math.radians(10 * k)))
+
+
 def lee(k):
     """The side to which the headsails fill, 1 or -1: that of the viewer."""
     return 1 if 9 < k <= 27 else -1
 
 
 def build(model, k):
-    turned, full = brace(k), fullness(k)
+    turned, full, lift = brace(k), fullness(k), upward(k)
     for mast in MASTS:
         stand(model, mast)
         shrouds(model, mast)
         for sail in mast.sails:
-            square(model, mast.x - 1.0, sail, turned, full)
+            square(model, mast.x - 1.0, sail, turned, full, lift)
     stays(model)
     for tack, head, clew in JIBS:
         triangle(model, tack, head, (clew[0], clew[1], clew[2] * lee(k)), 2.6 * lee(k))
@@ -123,7 +131,7 @@ def stays(model):
         model.cylinder(a, b, ROPE, 'T_Rope')
 
 
-def square(model, x, sail, turned, full):
+def square(model, x, sail, turned, full, lift):
     c, s = math.cos(math.radians(turned)), math.sin(math.radians(turned))
 
     def place(ahead, y, z):
@@ -141,7 +149,7 @@ def square(model, x, sail, turned, full):
             row.append(place(.5 + ahead, sail.yard - HUNG - drop * b + roach, a * half))
         grid.append(row)
         uv.append([((a + 1) / 2, b) for b in np.linspace(0, 1, 16)])
-    model.surface(grid, sail.texture, uv, LIFT, extra='double_illuminate')
+    model.surface(grid, sail.texture, uv, lift, extra='double_illuminate')
 
 
 def triangle(model, tack, top, clew, deep):

@@ -69,7 +69,7 @@ def feather(x, away, coarse, fine):
     """The bow wave: thick at the stem, leaving her as a soft arm of a V that dies abeam of her."""
     gone = x - STEM
     run = np.clip(gone, 0, None)
-    wave = crest(away - .4 - .19 * run, 1.9 + .05 * run)
+    wave = crest(away - .4 - .19 * run, 1.55 + .05 * run)
     fading = np.clip((gone + 2) / 2, 0, 1) * np.clip(1 - gone / 56, 0, 1) ** .8
     broken = np.clip(run / 30, .3, 1)
     return wave * fading * np.clip(1.08 + broken * (.30 * coarse + .14 * fine), 0, 1)
@@ -79,7 +79,7 @@ def curl(x, away, coarse, fine):
     """The white water that the stem throws up to both sides."""
     gone = x - STEM
     thrown = np.exp(-(np.clip(away - .14 * gone, 0, None) / 3) ** 2)
-    fading = np.clip((gone + 3.5) / 3, 0, 1) * np.clip(1 - gone / 17, 0, 1) ** .7
+    fading = np.clip((gone + 3.5) / 3, 0, 1) * np.clip(1 - gone / 15, 0, 1) ** .7
     return thrown * fading * np.clip(.95 + .3 * coarse + .18 * fine, 0, 1)
 
 
