@@ -40,6 +40,7 @@ LIGHTS = {'Sun': 1.10, 'Front': .46, 'Sky': .32}
 # The line round her, in pixels: pitch on wood, light hems on canvas. Luminances between which wood
 # ends and canvas begins, for hull and rig, and the least of a hem.
 LINE_WIDTH, SUNNY = 1.0, .25   # the line is thinner by this part towards the sun
+LINE_FADE = -.1, .75    # where the line begins and ends to fade inwards, from its width
 PITCH = linear('pitch')
 CANVAS_OF_HULL, CANVAS_OF_RIG = (.62, .68), (.12, .18)
 HEM = .8
@@ -141,7 +142,7 @@ def outlined(ship, cells, wood):
     down, right = np.gradient(gaussian_filter(alpha[..., 0], cells))
     facing = np.clip((down + right) / np.maximum(np.hypot(down, right), 1e-3) / 1.41, 0, 1)
     width = LINE_WIDTH * (1 - SUNNY * gaussian_filter(facing, .5 * cells))
-    edge = (1 - smoothstep(inside - width, -.1, .75))[..., None]
+    edge = (1 - smoothstep(inside - width, *LINE_FADE))[..., None]
     light = (ship[..., :3] / np.maximum(alpha, 1e-6) @ LUMINANCE)[..., None]
     soft, wood = gaussian_filter(light, (.2 * cells, .2 * cells, 0)), np.clip(wood, 0, 1)[..., None]
     canvas = smoothstep(soft, *CANVAS_OF_HULL) * wood + smoothstep(soft, *CANVAS_OF_RIG) * (
