@@ -55,13 +55,15 @@ loader.onProgress = (bytes, total) => {
   element("bytes").textContent = `${megabytes(bytes)} of ${megabytes(total)} MB`;
 };
 
-// Waits for the poster, because on a slow connection the files of the game would delay it.
+// Waits until the poster is on the display, because on a slow connection the files of the game
+// would delay it.
 async function showPoster() {
   const wait = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
+  const nextFrame = () => new Promise((resolve) => requestAnimationFrame(resolve));
   const poster = new Image();
   poster.src = `${base}pozadie-lode3.webp`;
-  await Promise.race([poster.decode().catch(() => {}), wait(posterPatience)]);
-  await wait(0); // lets the browser paint
+  const painted = poster.decode().catch(() => {}).then(nextFrame).then(nextFrame);
+  await Promise.race([painted, wait(posterPatience)]); // a hidden page has no frames
 }
 
 async function prepare() {
