@@ -197,11 +197,9 @@ def guns(model, s):
         t = station(x)
         wide, high = side(t), rail(t)
         port = GUN_DECK * high
-        model.box((x - 1.25, port - 1.15, s * wide * .9), (x + 1.25, port + 1.15, s * (wide + .1)),
+        model.box((x - 1.7, port - 1.5, s * wide * .9), (x + 1.7, port + 1.5, s * (wide + .1)),
                   'T_Port')
-        model.box((x - 1.4, port + 1.15, s * wide * .9), (x + 1.4, port + 1.65, s * (wide + .4)),
-                  'T_Lid')
-        model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + .9)), .6, 'T_Muzzle')
+        model.cylinder((x, port, s * wide * .9), (x, port, s * (wide + 1.3)), .6, 'T_Muzzle')
         y, r = deck(t) + .3, top(t) - BULWARK_THICK
         model.box((x - 1.35, y, s * (r - 3.6)), (x + 1.35, y + .9, s * (r - .4)), 'T_Carriage')
         model.cone((x, y + 1.4, s * (r - 4.6)), 1.0, (x, y + 1.4, s * (r + .6)), .75, 'T_Gun')
