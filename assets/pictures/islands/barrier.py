@@ -21,6 +21,8 @@ from islands.terrain import CELLS, SEA_FLOOR
 HERE = Path(__file__).resolve().parent
 # The way the swell runs over the picture, as in sea/voda.py.
 SWELL = np.array([.62, .79])
+# How fast the shallows end behind land, as a part of how fast they end beside it.
+LEE = .4
 
 
 def write_inputs(g, plants, work):
@@ -99,11 +101,21 @@ def drowned_stone(g):
     return mixed('drowned', 'lagoon', .45) * shade[..., None]
 
 
+def downstream(g):
+    """The distance from land, less where the swell carries sand and foam away from it."""
+    away = g.offshore
+    for step in range(2, 14, 2):
+        behind = shift(g.offshore, SWELL[::-1] * step * CELLS, order=1, mode='nearest')
+        away = np.minimum(away, behind + LEE * step)
+    return away
+
+
 def shelf_water(g, shelf, glow):
     """Shallow water over stone: clear and pale beside the stones, the colour of the sea where it
     ends."""
     wide = g.noise(1.3, 30, 5, 71)
-    d = np.clip(g.offshore + 1.2 * wide * smoothstep(g.offshore, 0, 5), 0, None) / shelf
+    away = downstream(g)
+    d = np.clip(away + 1.2 * wide * smoothstep(away, 0, 5), 0, None) / shelf
     # Towards the rectangle that stops a ship it takes the colour of the sea.
     middle = smoothstep(within(g, .3 * g.h) + 2 * wide, 0, .18 * g.h)
     near = np.exp(-d ** 1.3) * (.25 + .75 * middle)
@@ -112,6 +124,7 @@ def shelf_water(g, shelf, glow):
     colour = colour + (linear('lagoon_pale') - colour) * pale[..., None]
     depth = gaussian_filter(np.clip(-g.height, 0, None), .8 * CELLS)
     stone = np.exp(-np.clip(depth - .3, 0, None) / 1.3) * .6 * (1 - beside_sand(g))
+    stone = stone * (.2 + .8 * middle)
     colour = colour + (drowned_stone(g) - colour) * stone[..., None]
     return layer(colour, np.clip(.74 + .24 * near, 0, .95))
 
@@ -142,6 +155,7 @@ def breakers(g, surge, front, lace):
     amount = np.exp(-(g.offshore / np.maximum(reach, .2)) ** 1.4) * np.clip(1.6 * front, 0, 1)
     foam = smoothstep(amount + .24 * threads + .04 * fine, .35, 1.)
     line = np.exp(-(g.offshore / 1.2) ** 2) * np.clip(.45 + .5 * broad + .1 * fine, 0, .85)
+    line = line * (.15 + .85 * front)
     torn = np.clip(.35 + .6 * g.noise(1.2, 16, 5, 85) + .15 * fine, 0, 1)
     outer = lace * torn * np.exp(-((g.offshore - 2. - .9 * broad) / .85) ** 2)
     # It ends in an uneven oval, at varying distances inside the rectangle.
@@ -205,7 +219,7 @@ def stony_shallows(g, shelf, surge, lace=0., glow=.45):
 
 def compose(g, land, light, water, edge, dark):
     light = np.clip(light / np.percentile(light, 98), 0, 1)
-    water = over(layer(linear('shadow'), gaussian_filter(1 - light, 2) * dark), water)
+    water = over(layer(linear('shadow'), gaussian_filter(1 - light, CELLS) * dark), water)
     return over(land, reduce(water * fading(g, *edge)[..., None], CELLS))
 
 

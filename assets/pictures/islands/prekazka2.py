@@ -78,6 +78,6 @@ def sand_over(g, colour):
 
 def make(work):
     g = heights()
-    g.colour = sand_over(g, bare_rock(g))
+    g.colour = sand_over(g, bare_rock(g, barrier.weather(g)))
     water = barrier.stony_shallows(g, shelf=8., surge=11., lace=.35)
     return barrier.make(g, [], work, water, edge=(32, 3.8, 4.5, 9.), spray=.8, fill=.45, dark=.8)

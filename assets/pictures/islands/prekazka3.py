@@ -67,6 +67,6 @@ def heights():
 
 def make(work):
     g = heights()
-    g.colour = bare_rock(g)
+    g.colour = bare_rock(g, barrier.weather(g))
     water = barrier.stony_shallows(g, shelf=9., surge=15., lace=.8, glow=.8)
-    return barrier.make(g, [], work, water, edge=(13, 5.8, 1.1, 4.1), spray=.8, fill=.5, dark=.7)
+    return barrier.make(g, [], work, water, edge=(8, 5., 2.5, 6.), spray=.8, fill=.5, dark=.7)

@@ -126,9 +126,10 @@ def lerp(a, b, t):
     return a + (b - a) * np.asarray(t)[..., None]
 
 
-def bare_rock(g):
-    """Colours of naked rock: weed at the waterline, wet and dark above it, dry and pale on top;
-    layers of its own that dip across it, worn pale edges, and lichen on some tops.
+def bare_rock(g, exposed):
+    """Colours of naked rock: weed at the waterline, wet and dark above it where it is `exposed` to
+    the swell, dry and pale on top; layers of its own that dip across it, worn pale edges, and
+    lichen on some tops.
     """
     broad, grain = g.noise(1.3, 40, 3, 51), g.noise(.8, 6, 1, 52)
     spots = grain[..., None]
@@ -138,9 +139,11 @@ def bare_rock(g):
     lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .3 * g.slope, .4, 1.3)
     dry = lerp(dry, srgb('moss') * .95, .42 * lichen * smoothstep(g.height, 4, 7))
     wet = srgb('rock_wet') * .95 + spots * .02
-    tide = g.height + 1.1 * broad + .4 * grain
+    tide = g.height + 1.1 * broad + .4 * grain + 1.6 * (1 - exposed)
     c = lerp(wet, dry, smoothstep(tide, .5, 2.4))
     c = lerp(c, srgb('weed') + .02 * spots, .4 * (1 - smoothstep(tide, .1, 1.1)))
     # Heights above the mean of what lies around: worn edges and clefts.
     out = (g.height - gaussian_filter(g.height, 1.4 * CELLS)) / 2.2
+    # The foot of a stone stays as light as its flank, or a dark line would run round it.
+    out = out * smoothstep(g.inland, .5, 3)
     return c * (1 + .34 * np.clip(out, -.8, .8))[..., None]
