@@ -118,13 +118,13 @@ def shelf_water(g, shelf, glow):
     d = np.clip(away + 1.2 * wide * smoothstep(away, 0, 5), 0, None) / shelf
     # Towards the rectangle that stops a ship it takes the colour of the sea.
     middle = smoothstep(within(g, .3 * g.h) + 2 * wide, 0, .18 * g.h)
-    near = np.exp(-d ** 1.3) * (.25 + .75 * middle)
+    near = np.exp(-d ** 1.3) * (.12 + .88 * middle)
     colour = mixed('sea', 'lagoon', near)
-    pale = np.maximum(glow * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * (.1 + .9 * middle)
+    pale = np.maximum(glow * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * middle
     colour = colour + (linear('lagoon_pale') - colour) * pale[..., None]
     depth = gaussian_filter(np.clip(-g.height, 0, None), .8 * CELLS)
     stone = np.exp(-np.clip(depth - .3, 0, None) / 1.3) * .6 * (1 - beside_sand(g))
-    stone = stone * (.2 + .8 * middle)
+    stone = stone * (.1 + .9 * middle)
     colour = colour + (drowned_stone(g) - colour) * stone[..., None]
     return layer(colour, np.clip(.74 + .24 * near, 0, .95))
 

@@ -86,7 +86,7 @@ def relief(g):
     into the stone on top of the scene's own light, which alone leaves the ridge flat.
     """
     faces = gaussian_filter(g.height, .9 * CELLS)
-    return np.clip((normals(faces * CELLS) * SUN).sum(2) / SUN[2], .5, 1.3)[..., None]
+    return np.clip((normals(faces * CELLS) * SUN).sum(2) / SUN[2], .66, 1.3)[..., None]
 
 
 def ground(g):

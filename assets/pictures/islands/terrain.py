@@ -139,7 +139,7 @@ def bare_rock(g, exposed):
     lichen = smoothstep(g.noise(1.4, 24, 3, 55) - .3 * g.slope, .4, 1.3)
     dry = lerp(dry, srgb('moss') * .95, .42 * lichen * smoothstep(g.height, 4, 7))
     wet = srgb('rock_wet') * .95 + spots * .02
-    tide = g.height + 1.1 * broad + .4 * grain + 1.6 * (1 - exposed)
+    tide = g.height + 1.1 * broad + .4 * grain + 1.2 + .9 * (1 - exposed)
     c = lerp(wet, dry, smoothstep(tide, .5, 2.4))
     c = lerp(c, srgb('weed') + .02 * spots, .4 * (1 - smoothstep(tide, .1, 1.1)))
     # Heights above the mean of what lies around: worn edges and clefts.
