@@ -117,7 +117,7 @@ def shelf_water(g, shelf, glow):
     away = downstream(g)
     d = np.clip(away + 1.2 * wide * smoothstep(away, 0, 5), 0, None) / shelf
     # Towards the rectangle that stops a ship it takes the colour of the sea.
-    middle = smoothstep(within(g, .3 * g.h) + 2 * wide, 0, .18 * g.h)
+    middle = smoothstep(within(g, .3 * g.h) + 2 * wide, .04 * g.h, .2 * g.h)
     near = np.exp(-d ** 1.3) * (.12 + .88 * middle)
     colour = mixed('sea', 'lagoon', near)
     pale = np.maximum(glow * np.exp(-(1.7 * d) ** 1.6), .85 * beside_sand(g)) * middle

@@ -72,7 +72,7 @@ def sand_over(g, colour):
     drained = np.minimum(g.inland, 1.3 * stone + .6 * g.noise(1.2, 14, 4, 59))
     damp = smoothstep(drained + broad + .2 * grain[..., 0], .4, 3.6)
     pale = lerp(srgb('sand'), srgb('rock_lit'), .14 + .1 * broad)
-    dry = lerp(srgb('sand_wet') * .92, pale, damp) + .03 * grain
+    dry = lerp(srgb('sand_wet') * 1.1, pale, damp) + .03 * grain
     return lerp(colour, dry, gaussian_filter(g.sandy.astype(float), CELLS * .3))
 
 
