@@ -111,10 +111,10 @@ def tongues(dusk, pose):
         part = np.s_[rows.min():rows.max() + 1, columns.min():columns.max() + 1]
         flame = blossom(dusk.x[part], dusk.y[part], start, end, age, rough[part], k)
         # The middle is white, the rim red; an old flame has hardly any white left.
-        light[part] += (2. * strength * flame ** 2.8)[..., None] * linear('ffefc0')
+        light[part] += (1.5 * strength * flame ** 2.8)[..., None] * linear('ffefc0')
         light[part] += (1.4 * flame ** 1.2)[..., None] * linear('ff9a38')
         light[part] += (.7 * flame ** .6)[..., None] * linear('e2501c')
-        halo = .09 * strength * np.exp(-near / 6) + .022 * np.exp(-near / 26)
+        halo = .05 * strength * np.exp(-near / 6) + .022 * np.exp(-near / 26)
         halo = halo + strength * on_water(dusk, muzzle + aim * .4 * REACH)
         light += halo[..., None] * linear('ff8434')
     return light
@@ -125,15 +125,15 @@ def blossom(x, y, start, end, age, rough, seed):
     r, old = np.random.RandomState(60 + seed), age / FLASH
     straight = np.arctan2(*(end - start)[::-1])
     # One that points at the eye looks short, but is never drawn as a mere dot.
-    long = max(np.hypot(*(end - start)), 24.) * (.8 + .5 * r.rand())
+    long = max(np.hypot(*(end - start)), 27.) * (.8 + .5 * r.rand())
     flame = np.zeros(x.shape)
     for _ in range(LOBES):
-        turn = straight + r.normal() * (.10 + .75 * old)
+        turn = straight + r.normal() * (.06 + .6 * old)
         length = long * (.5 + .5 * r.rand())
         along = ((x - start[0]) * np.cos(turn) + (y - start[1]) * np.sin(turn)) / length
         aside = ((y - start[1]) * np.cos(turn) - (x - start[0]) * np.sin(turn)) / length
         q = np.clip(along - .5 * old, 0, 1)
-        wide = .07 + (.18 + .30 * old) * np.sqrt(q) * (1 - q) ** .5
+        wide = .05 + (.12 + .24 * old) * np.sqrt(q) * (1 - q) ** .5
         wide = wide * np.clip(1 + .3 * rough, .75, 1.35)
         tongue = np.exp(-(aside / wide) ** 2) * smoothstep(along, .4 * old - .12, .4 * old + .06)
         tongue = tongue * np.clip(1.1 + .4 * old - along + .15 * np.clip(rough, -1, 1), 0, 1)
